@@ -1,0 +1,10 @@
+#include "platform/linux/memory/ArcStats.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    velmora::parseReclaimableArc(std::string_view(reinterpret_cast<const char*>(data), size));
+    return 0;
+}

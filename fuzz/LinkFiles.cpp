@@ -1,0 +1,12 @@
+#include "platform/linux/network/LinkFiles.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    velmora::LinkFiles::deviceType(text);
+    velmora::LinkFiles::linkAddress(text);
+    return 0;
+}

@@ -1,0 +1,11 @@
+#include "platform/linux/network/ProcNetRoute.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <string_view>
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+    const std::string_view text(reinterpret_cast<const char*>(data), size);
+    velmora::ProcNetRoute::parse(text);
+    return 0;
+}

@@ -1,0 +1,161 @@
+#include "app/AboutPanel.h"
+#include "app/AppDelegate.h"
+#include "app/ApplicationService.h"
+#include "app/DesktopPlatform.h"
+#include "app/PanelComposition.h"
+#include "app/PanelController.h"
+#include "app/QuitKey.h"
+#include "app/SessionCheck.h"
+#include "app/SharedInstances.h"
+#include "app/SingleInstance.h"
+#include "app/TerminationSignals.h"
+#include "core/AppSettings.h"
+#include "core/StatsEngine.h"
+#include "l10n/L10n.h"
+#include "look/SystemFont.h"
+#include "menubar/StatusItemController.h"
+#include "panels/PanelAccessibility.h"
+#include "panels/PanelFactory.h"
+#include "panels/kit/ProcessIcons.h"
+#include "platform/qt/LanguageEnvironment.h"
+#include "samplers/LiveTools.h"
+#include "samplers/NetTopSampler.h"
+
+#include <QApplication>
+#include <QScreen>
+
+#include <cstdio>
+
+namespace velmora {
+namespace {
+
+/// The arguments that are URLs of the program's scheme. Anything else on the command line means nothing.
+std::vector<std::string> urlArguments(int argumentCount, char** arguments, const Bundle& bundle) {
+    const QString prefix =
+        QString::fromStdString(bundle.information("VMCallbackScheme").value_or("velmora")) + "://";
+    std::vector<std::string> urls;
+    for (int index = 1; index < argumentCount; ++index) {
+        if (QString::fromLocal8Bit(arguments[index]).startsWith(prefix, Qt::CaseInsensitive)) {
+            urls.emplace_back(arguments[index]);
+        }
+    }
+    return urls;
+}
+
+/// Comes before anything asks for a translated text, so that the toolkit itself starts in the chosen
+/// language.
+void applyStoredLanguage(Defaults& defaults, LanguageEnvironment& environment) {
+    const auto code = defaults.text("languageCode");
+    if (code) {
+        defaults.setTextArray("AppleLanguages", {*code});
+    } else {
+        defaults.remove("AppleLanguages");
+    }
+    environment.choose(code && languageFromRawValue(*code) ? code : std::nullopt);
+}
+
+/// Brings the settings window to the front, on the given tab or on the one that is selected.
+void showSettings(std::optional<SettingsTab>) {}
+
+std::unique_ptr<MenuView> makePanel(StatsModule module, std::function<void()> dismiss) {
+    return makeMenuView(
+        module,
+        panelCollaborators(sharedPlatform(), StatsEngine::shared().snapshot(), AppSettings::shared(),
+                           L10n::shared(), SettingsRouter::shared(), LiveTools::shared(), showSettings),
+        std::move(dismiss));
+}
+
+/// Where a panel opens if nobody knows where its item is.
+Anchor screenCorner() {
+    const QScreen* const screen = QGuiApplication::primaryScreen();
+    if (!screen) return {};
+    const QRect available = screen->availableGeometry();
+    return {available.x() + available.width() - 1, available.y(), 1, 1};
+}
+
+std::unique_ptr<StatusItemController> makeStatusItems(Platform& platform, PanelHost& panels) {
+    StatusItemController::Actions actions;
+    actions.showAbout = [&platform] { showAboutPanel(L10n::shared(), *platform.bundle); };
+    actions.quit = [] { QApplication::quit(); };
+    return std::make_unique<StatusItemController>(StatsEngine::shared().snapshot(), AppSettings::shared(),
+                                                  L10n::shared(), *platform.runLoop, *platform.statusBar,
+                                                  panels, std::move(actions));
+}
+
+/// With very many processes the walk over them takes longer than the first item should wait for.
+void reapOrphans(Platform& platform) {
+    platform.walkWorker->async(
+        [&platform] { NetTopSampler::reapOrphans(*platform.orphans, *platform.systemLog); });
+}
+
+int run(int argumentCount, char** arguments) {
+    // First: what the program starts gets the environment as it is now.
+    Platform& platform = sharedPlatform();
+    SessionCheck::chooseWindowingBackend();
+    LanguageEnvironment languageEnvironment;
+    applyStoredLanguage(*platform.defaults, languageEnvironment);
+
+    // A process that was started for a URL hands it to the copy that waits for it, and must not end that
+    // copy.
+    const std::vector<std::string> urls = urlArguments(argumentCount, arguments, *platform.bundle);
+    if (!urls.empty() && ApplicationService::forward(urls)) return 0;
+
+    if (const auto problem = SessionCheck::displayProblem()) {
+        std::fputs(("velmora: " + *problem + "\n").c_str(), stderr);
+        return 1;
+    }
+    SingleInstance singleInstance(*platform.workspace, *platform.bundle, *platform.systemLog,
+                                  *platform.runLoop, argumentCount > 0 ? arguments[0] : "velmora");
+    singleInstance.terminateOthers();
+
+    // A request to end that comes while the program starts is met once the loop turns.
+    const TerminationSignals terminationSignals(*platform.runLoop, [] { QApplication::quit(); });
+
+    QApplication application(argumentCount, arguments);
+    installPanelAccessibility();
+    QApplication::setApplicationName("velmora");
+    QApplication::setApplicationDisplayName("Velmora");
+    QApplication::setDesktopFileName(ApplicationService::kBusName);
+    QApplication::setQuitOnLastWindowClosed(false);
+    if (!SystemFont::isInstalled()) {
+        std::fputs("velmora: no fonts are installed, so no text can be shown\n", stderr);
+    }
+    Toolkit toolkit = addToolkit(platform);
+
+    ProcessIcons processIcons(*platform.processIcons);
+    std::optional<PanelController> panels;
+    panels.emplace(makePanel, toolkit.interfaceScheme->scheme(), processIcons, *platform.runLoop,
+                   Session::current());
+    AppDelegate delegate(
+        {AppSettings::shared(), L10n::shared(), *platform.runLoop, *platform.clock, *platform.processMeter,
+         *platform.improveEvents, sharedPlacedModules(), [] { StatsEngine::shared().start(); },
+         [&platform, &panels] { return makeStatusItems(platform, *panels); },
+         [&platform] { reapOrphans(platform); }, [] { NetTopSampler::terminateAll(LiveTools::shared()); }});
+    ApplicationService service({nullptr, [&delegate](const std::string& url) { delegate.handleURL(url); },
+                                [&delegate](const std::string& name) {
+                                    if (const auto module = moduleFromRawValue(name))
+                                        delegate.togglePanel(*module, screenCorner());
+                                }});
+    if (!service.start()) {
+        std::fputs("velmora: there is no session bus, so no tray can show the items\n", stderr);
+    }
+    const QuitKey quitKey;
+
+    platform.runLoop->post([&delegate, &urls] {
+        delegate.applicationDidFinishLaunching();
+        for (const std::string& url : urls) delegate.handleURL(url);
+    });
+    const int status = QApplication::exec();
+    delegate.applicationWillTerminate();
+    panels.reset();
+    toolkit = {};
+    endPlatform(platform);
+    return status;
+}
+
+}  // namespace
+}  // namespace velmora
+
+int main(int argumentCount, char** arguments) {
+    return velmora::run(argumentCount, arguments);
+}

@@ -1,0 +1,60 @@
+#include "panels/kit/PeakRowWidget.h"
+
+#include "look/Ink.h"
+#include "panels/kit/PanelText.h"
+#include "panels/kit/RowGeometry.h"
+
+#include <QPainter>
+#include <QStringList>
+
+#include <algorithm>
+
+namespace velmora {
+namespace {
+
+constexpr PanelFont kLabel = {10};
+constexpr PanelFont kValue = {10, QFont::Medium, DigitWidth::monospaced};
+constexpr double kSpacing = 5;
+
+}  // namespace
+
+int PeakRowWidget::heightForWidth(int) const {
+    return value().items.empty() ? 0 : PanelText::lineHeight(kLabel);
+}
+
+KitWidget::Spoken PeakRowWidget::spoken() const {
+    QStringList labels;
+    QStringList pairs;
+    for (const PeakRow::Item& item : value().items) {
+        const QString label = PanelText::plain(item.label);
+        labels.append(label);
+        pairs.append(label + u' ' + PanelText::plain(item.value));
+    }
+    labels.removeDuplicates();
+    return {QAccessible::StaticText, labels.join(QStringLiteral(", ")), pairs.join(QStringLiteral(", "))};
+}
+
+void PeakRowWidget::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    std::vector<double> labelWidths;
+    for (const PeakRow::Item& item : value().items) {
+        labelWidths.push_back(PanelText::width(kLabel, PanelText::plain(item.label)));
+    }
+    const auto spans = RowGeometry::labelledColumns(labelWidths, width(), kSpacing);
+    for (std::size_t index = 0; index < spans.size(); ++index) {
+        const QString label = PanelText::plain(value().items[index].label);
+        const QString figure = PanelText::plain(value().items[index].value);
+        const double figureWidth = PanelText::width(kValue, figure);
+        const RowGeometry::Ends ends =
+            RowGeometry::ends(spans[index].width, labelWidths[index], figureWidth, kSpacing);
+        const double labelRoom = std::min(ends.leading.width, labelWidths[index]);
+        const double figureLeft = labelRoom > 0 ? labelRoom + kSpacing : 0;
+        PanelText::draw(painter, kLabel, label, QRectF(spans[index].left, 0, labelRoom, height()),
+                        PanelText::Side::leading, Ink::secondary(scheme()));
+        PanelText::draw(painter, kValue, figure,
+                        QRectF(spans[index].left + figureLeft, 0, ends.trailing.width, height()),
+                        PanelText::Side::leading, Ink::primary(scheme()));
+    }
+}
+
+}  // namespace velmora

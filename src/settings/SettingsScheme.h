@@ -1,0 +1,3 @@
+#pragma once
+
+#include "settings/controls/SettingsScheme.h"  // IWYU pragma: export

@@ -1,0 +1,56 @@
+#include "settings/controls/WrappedText.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <QTextLayout>
+#include <QTextOption>
+
+#include <algorithm>
+#include <cmath>
+
+namespace velmora::WrappedText {
+namespace {
+
+QSizeF layOut(QTextLayout& layout, double width, Qt::Alignment alignment) {
+    // Always from the left, also for a text whose own direction is the other one.
+    QTextOption option(alignment | Qt::AlignAbsolute);
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    layout.setTextOption(option);
+    layout.setCacheEnabled(true);
+    double height = 0;
+    double widest = 0;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(std::max(width, 1.0));
+        line.setPosition(QPointF(0, height));
+        height += line.height();
+        widest = std::max(widest, line.naturalTextWidth());
+    }
+    layout.endLayout();
+    return {widest, height};
+}
+
+}  // namespace
+
+QSizeF size(const QString& text, const QFont& font, double width) {
+    QTextLayout layout(text, font);
+    const QSizeF size = layOut(layout, width, Qt::AlignLeft);
+    return {std::ceil(size.width()), std::ceil(std::max(size.height(), QFontMetricsF(font).height()))};
+}
+
+int naturalWidth(const QString& text, const QFont& font) {
+    // A little more than the glyphs, so that a line of exactly this width never wraps for a rounded fraction.
+    constexpr double kSlack = 0.5;
+    return text.isEmpty() ? 0
+                          : static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text) + kSlack));
+}
+
+void draw(QPainter& painter, const QString& text, const QFont& font, const QColor& color, const QRectF& box,
+          Qt::Alignment alignment) {
+    QTextLayout layout(text, font);
+    layOut(layout, box.width(), alignment);
+    painter.setPen(color);
+    layout.draw(&painter, box.topLeft());
+}
+
+}  // namespace velmora::WrappedText

@@ -1,0 +1,108 @@
+#include "model/StatsSnapshot.h"
+
+#include <gtest/gtest.h>
+
+namespace velmora {
+namespace {
+
+DiskVolume volumeAt(const char* path) {
+    DiskVolume volume;
+    volume.path = path;
+    return volume;
+}
+
+TEST(StatsSnapshot, BeforeTheFirstTickEveryFigureIsAbsent) {
+    const StatsSnapshot snapshot;
+    EXPECT_EQ(snapshot.timestamp, Date::distantPast());
+    EXPECT_TRUE(snapshot.updated.empty());
+    EXPECT_EQ(snapshot.cpu.usage, 0);
+    EXPECT_TRUE(snapshot.cpu.perCore.empty());
+    EXPECT_TRUE(snapshot.cpu.history.empty());
+    EXPECT_EQ(snapshot.cpu.temperature, std::nullopt);
+    EXPECT_EQ(snapshot.memory.total, 0u);
+    EXPECT_TRUE(snapshot.disk.volumes.empty());
+    EXPECT_EQ(snapshot.network.netName, std::nullopt);
+    EXPECT_FALSE(snapshot.network.vpnOn);
+    EXPECT_TRUE(snapshot.sensors.temperatures.empty());
+    EXPECT_FALSE(snapshot.battery.present);
+}
+
+TEST(StatsSnapshot, CopyStaysAsItWasWhenTheOriginalChanges) {
+    StatsSnapshot snapshot;
+    snapshot.cpu.perCore = {0.25};
+    snapshot.cpu.history.append(0.25);
+    const StatsSnapshot copy = snapshot;
+    snapshot.cpu.perCore[0] = 0.75;
+    snapshot.cpu.history.append(0.75);
+    EXPECT_EQ(copy.cpu.perCore, std::vector<double>{0.25});
+    EXPECT_EQ(copy.cpu.history.size(), 1u);
+}
+
+TEST(StatsSnapshot, SeriesHaveTheirCaps) {
+    const StatsSnapshot snapshot;
+    EXPECT_EQ(snapshot.cpu.history.capacity(), 60u);
+    EXPECT_EQ(snapshot.cpu.userLong.capacity(), 60u);
+    EXPECT_EQ(snapshot.cpu.systemLong.capacity(), 60u);
+    EXPECT_EQ(snapshot.cpu.loadLong.capacity(), 60u);
+    EXPECT_EQ(snapshot.cpu.gpuLong.capacity(), 60u);
+    EXPECT_EQ(snapshot.cpu.perCoreLong.capacity(), 20u);
+    EXPECT_EQ(snapshot.memory.pressureHistory.capacity(), 60u);
+    EXPECT_EQ(snapshot.memory.usedLong.capacity(), 360u);
+    EXPECT_EQ(snapshot.memory.appLong.capacity(), 360u);
+    EXPECT_EQ(snapshot.disk.activityHistory.capacity(), 60u);
+    EXPECT_EQ(snapshot.disk.readLong.capacity(), 120u);
+    EXPECT_EQ(snapshot.disk.writeLong.capacity(), 120u);
+    EXPECT_EQ(snapshot.network.downHistory.capacity(), 60u);
+    EXPECT_EQ(snapshot.network.downLong.capacity(), 180u);
+    EXPECT_EQ(snapshot.network.upLong.capacity(), 180u);
+    EXPECT_EQ(snapshot.sensors.cpuLong.capacity(), 180u);
+    EXPECT_EQ(snapshot.sensors.fanLong.capacity(), 180u);
+    EXPECT_EQ(snapshot.battery.pluggedHistory.capacity(), 60u);
+    EXPECT_EQ(snapshot.battery.percentLong.capacity(), 288u);
+    EXPECT_EQ(snapshot.battery.pluggedLong.capacity(), 288u);
+    EXPECT_EQ(snapshot.battery.screenOnLong.capacity(), 288u);
+}
+
+TEST(DiskStatsBoot, VolumeAtTheRootIsTheBootVolume) {
+    DiskStats disk;
+    disk.volumes = {volumeAt("/home"), volumeAt("/"), volumeAt("/media")};
+    ASSERT_NE(disk.boot(), nullptr);
+    EXPECT_EQ(disk.boot()->path, "/");
+}
+
+TEST(DiskStatsBoot, WithoutARootTheFirstVolumeStandsIn) {
+    DiskStats disk;
+    disk.volumes = {volumeAt("/home"), volumeAt("/media")};
+    ASSERT_NE(disk.boot(), nullptr);
+    EXPECT_EQ(disk.boot()->path, "/home");
+}
+
+TEST(DiskStatsBoot, WithoutVolumesThereIsNone) {
+    EXPECT_EQ(DiskStats().boot(), nullptr);
+}
+
+TEST(SensorsStatsPrimaryTemperature, FirstProcessorEntryCounts) {
+    SensorsStats sensors;
+    sensors.temperatures = {
+        {TempCategory::gpu, 90}, {TempCategory::cpu, 45}, {TempCategory::cpu, 60}, {TempCategory::ssd, 30}};
+    EXPECT_EQ(sensors.primaryTemperature(), 45);
+}
+
+TEST(SensorsStatsPrimaryTemperature, WithoutAProcessorTheHottestCounts) {
+    SensorsStats sensors;
+    sensors.temperatures = {{TempCategory::ssd, 38}, {TempCategory::gpu, 51}, {TempCategory::battery, 30}};
+    EXPECT_EQ(sensors.primaryTemperature(), 51);
+}
+
+TEST(SensorsStatsPrimaryTemperature, BatteryAloneGivesItsValue) {
+    SensorsStats sensors;
+    sensors.temperatures = {{TempCategory::battery, 31.5}};
+    EXPECT_EQ(sensors.primaryTemperature(), 31.5);
+}
+
+TEST(SensorsStatsPrimaryTemperature, WithoutEntriesThereIsNone) {
+    EXPECT_EQ(SensorsStats().primaryTemperature(), std::nullopt);
+}
+
+}  // namespace
+}  // namespace velmora

@@ -1,0 +1,2 @@
+// Counts the allocations of this test program.
+#include "fakes/AllocationHooks.h"
