@@ -4,12 +4,14 @@
 #include "app/SharedInstances.h"
 
 #include "app/DesktopPlatform.h"
+#include "app/SettingsComposition.h"
 #include "core/AppSettings.h"
 #include "core/SettingsRouter.h"
 #include "core/StatsEngine.h"
 #include "l10n/L10n.h"
 #include "samplers/LiveTools.h"
 #include "samplers/SamplerSet.h"
+#include "settings/SettingsWindowController.h"
 
 namespace velmora {
 
@@ -21,6 +23,11 @@ Platform& sharedPlatform() {
 Published<ModuleSet>& sharedPlacedModules() {
     static auto* const modules = new Published<ModuleSet>;
     return *modules;
+}
+
+Published<Scheme>& sharedScheme() {
+    static auto* const scheme = new Published<Scheme>(Scheme::light);
+    return *scheme;
 }
 
 AppSettings& AppSettings::shared() {
@@ -49,6 +56,13 @@ StatsEngine& StatsEngine::shared() {
 SettingsRouter& SettingsRouter::shared() {
     static auto* const router = new SettingsRouter;
     return *router;
+}
+
+SettingsWindowController& SettingsWindowController::shared() {
+    static auto* const controller = new SettingsWindowController(
+        settingsCollaborators(sharedPlatform(), StatsEngine::shared().snapshot(), AppSettings::shared(),
+                              L10n::shared(), SettingsRouter::shared(), sharedScheme()));
+    return *controller;
 }
 
 LiveTools& LiveTools::shared() {

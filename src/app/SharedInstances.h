@@ -2,6 +2,7 @@
 
 #include "base/Published.h"
 #include "model/StatsModule.h"
+#include "look/Scheme.h"
 #include "platform/Platform.h"
 
 namespace velmora {
@@ -10,5 +11,7 @@ namespace velmora {
 Platform& sharedPlatform();
 /// The modules that a widget host shows; empty while none is connected.
 Published<ModuleSet>& sharedPlacedModules();
+/// Whether the interface is light or dark; light until the desktop has been asked.
+Published<Scheme>& sharedScheme();
 
 }  // namespace velmora

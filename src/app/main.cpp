@@ -9,6 +9,7 @@
 #include "app/SharedInstances.h"
 #include "app/SingleInstance.h"
 #include "app/TerminationSignals.h"
+#include "app/VisibilityGuard.h"
 #include "core/AppSettings.h"
 #include "core/StatsEngine.h"
 #include "l10n/L10n.h"
@@ -20,6 +21,7 @@
 #include "platform/qt/LanguageEnvironment.h"
 #include "samplers/LiveTools.h"
 #include "samplers/NetTopSampler.h"
+#include "settings/SettingsWindowController.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -55,7 +57,9 @@ void applyStoredLanguage(Defaults& defaults, LanguageEnvironment& environment) {
 }
 
 /// Brings the settings window to the front, on the given tab or on the one that is selected.
-void showSettings(std::optional<SettingsTab>) {}
+void showSettings(std::optional<SettingsTab> tab) {
+    SettingsWindowController::shared().show(tab);
+}
 
 std::unique_ptr<MenuView> makePanel(StatsModule module, std::function<void()> dismiss) {
     return makeMenuView(
@@ -75,6 +79,7 @@ Anchor screenCorner() {
 
 std::unique_ptr<StatusItemController> makeStatusItems(Platform& platform, PanelHost& panels) {
     StatusItemController::Actions actions;
+    actions.showSettings = [] { showSettings(std::nullopt); };
     actions.showAbout = [&platform] { showAboutPanel(L10n::shared(), *platform.bundle); };
     actions.quit = [] { QApplication::quit(); };
     return std::make_unique<StatusItemController>(StatsEngine::shared().snapshot(), AppSettings::shared(),
@@ -121,6 +126,8 @@ int run(int argumentCount, char** arguments) {
         std::fputs("velmora: no fonts are installed, so no text can be shown\n", stderr);
     }
     Toolkit toolkit = addToolkit(platform);
+    Subscription schemeFollowing =
+        toolkit.interfaceScheme->scheme().subscribe([](Scheme scheme) { sharedScheme().set(scheme); });
 
     ProcessIcons processIcons(*platform.processIcons);
     std::optional<PanelController> panels;
@@ -131,7 +138,9 @@ int run(int argumentCount, char** arguments) {
          *platform.improveEvents, sharedPlacedModules(), [] { StatsEngine::shared().start(); },
          [&platform, &panels] { return makeStatusItems(platform, *panels); },
          [&platform] { reapOrphans(platform); }, [] { NetTopSampler::terminateAll(LiveTools::shared()); }});
-    ApplicationService service({nullptr, [&delegate](const std::string& url) { delegate.handleURL(url); },
+    delegate.setAccountPageOpener([] { showSettings(SettingsTab::account); });
+    ApplicationService service({[] { showSettings(std::nullopt); },
+                                [&delegate](const std::string& url) { delegate.handleURL(url); },
                                 [&delegate](const std::string& name) {
                                     if (const auto module = moduleFromRawValue(name))
                                         delegate.togglePanel(*module, screenCorner());
@@ -140,6 +149,8 @@ int run(int argumentCount, char** arguments) {
         std::fputs("velmora: there is no session bus, so no tray can show the items\n", stderr);
     }
     const QuitKey quitKey;
+    std::optional<VisibilityGuard> visibilityGuard;
+    visibilityGuard.emplace(*platform.statusBar, *platform.runLoop, [] { showSettings(std::nullopt); });
 
     platform.runLoop->post([&delegate, &urls] {
         delegate.applicationDidFinishLaunching();
@@ -148,6 +159,9 @@ int run(int argumentCount, char** arguments) {
     const int status = QApplication::exec();
     delegate.applicationWillTerminate();
     panels.reset();
+    visibilityGuard.reset();
+    SettingsWindowController::shared().dropWindow();
+    schemeFollowing.reset();
     toolkit = {};
     endPlatform(platform);
     return status;

@@ -10,9 +10,9 @@ namespace velmora {
 class ProcessIconSource {
 public:
     virtual ~ProcessIconSource() = default;
-    /// The icon of the application that the process belongs to: a name in the icon theme, or an absolute path.
-    /// Nothing if it belongs to none that is known, or is gone. Neither is sure to exist: the caller falls back
-    /// on the icon of an executable.
+    /// The icon of the application that the process belongs to: a name in the icon theme, or an absolute
+    /// path. Nothing if it belongs to none that is known, or is gone. Neither is sure to exist: the caller
+    /// falls back on the icon of an executable.
     virtual std::optional<std::string> iconOf(std::int32_t pid) = 0;
 };
 

@@ -147,8 +147,9 @@ void AboutTab::retext() {
     m_version->setWords(formatText(l10n.string("about.version"), {versionText(m_with.bundle)}));
     m_copyright->setWords(l10n.string("about.copyright"));
     if (m_updateRow) {
-        m_updateRow->setTexts(l10n.string("gen.autoUpdate"), l10n.string("gen.autoUpdateSub"));
+        // The title first: the row makes room for the button as it then is.
         m_checkNow->setTitle(QString::fromUtf8(l10n.string("common.checkNow")));
+        m_updateRow->setTexts(l10n.string("gen.autoUpdate"), l10n.string("gen.autoUpdateSub"));
         m_autoCheck->setAccessibleName(QString::fromUtf8(l10n.string("gen.autoUpdate")));
     }
     m_crashRow->setTexts(l10n.string("gen.crashReports"), l10n.string("gen.crashReportsSub"));

@@ -21,7 +21,7 @@ constexpr int kLabelSize = 12;
 MetricsGrid::MetricsGrid(StatsModule module, std::function<void(const std::string&, bool)> toggle,
                          QWidget* parent)
     : QWidget(parent), m_module(module) {
-    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Fixed);
+    QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(true);
     setSizePolicy(policy);
     for (const ModuleMetric& metric : metrics(module)) {

@@ -89,8 +89,10 @@ void SettingsWindow::widenFor(SettingsTab tab) {
 }
 
 void SettingsWindow::limitToScreen() {
-    setMinimumSize(
-        SettingsFrames::minimumSize(m_with.router.selectedTab.get(), visibleFrame(), decoration()));
+    const QSize least =
+        SettingsFrames::minimumSize(m_with.router.selectedTab.get(), visibleFrame(), decoration());
+    // Where the desktop left the window smaller, it stays so.
+    setMinimumSize(least.boundedTo(size()));
 }
 
 void SettingsWindow::bringToFront() {

@@ -22,6 +22,10 @@ void SettingsWindowController::show(std::optional<SettingsTab> tab) {
     }));
 }
 
+SettingsWindow* SettingsWindowController::window() const {
+    return m_window;
+}
+
 void SettingsWindowController::makeWindow() {
     m_window = new SettingsWindow(m_with, [this] { windowWillClose(); });
     m_window->centre(m_with.router.selectedTab.get());

@@ -27,7 +27,7 @@ public:
     void show(std::optional<SettingsTab> tab);
 
     /// Null while it is shut.
-    SettingsWindow* window() const { return m_window; }
+    SettingsWindow* window() const;
     /// Takes the window away at once; for the program's end.
     void dropWindow();
 

@@ -26,8 +26,8 @@ SidebarFoot::SidebarFoot(const Bundle& bundle, QWidget* parent) : QWidget(parent
     auto* const line = new QHBoxLayout;
     line->setSpacing(kNameSpacing);
     line->addStretch();
-    line->addWidget(name);
-    line->addWidget(version);
+    line->addWidget(name, 0, Qt::AlignBottom);
+    line->addWidget(version, 0, Qt::AlignBottom);
     line->addStretch();
 
     auto* const stack = new QVBoxLayout(this);

@@ -13,7 +13,7 @@ constexpr float kSeeThroughOpacity = 0.76F;
 QColor tone(VisualEffectView::Material material, Scheme scheme) {
     switch (material) {
         case VisualEffectView::Material::sidebar:
-            return scheme == Scheme::dark ? QColor(41, 41, 44) : QColor(233, 233, 236);
+            return scheme == Scheme::dark ? QColor(47, 47, 51) : QColor(227, 227, 231);
     }
     return {};
 }

@@ -6,7 +6,6 @@
 #include "settings/AppIconView.h"
 #include "settings/Descendants.h"
 #include "settings/Input.h"
-#include "settings/ProductAddress.h"
 #include "settings/SettingsHouse.h"
 #include "settings/blocks/RowDivider.h"
 #include "settings/blocks/SettingsCard.h"
@@ -248,30 +247,22 @@ TEST_F(AboutTabTest, LanguageChangesEveryTextOfTheOpenPage) {
     EXPECT_EQ(switchOf("gen.autoUpdate").accessibleName().toStdString(), words("gen.autoUpdate"));
 }
 
+TEST_F(AboutTabTest, ButtonKeepsItsNaturalWidthWhenTheLanguageChanges) {
+    withFeed();
+    const auto& button = descendant<VMPillButton>(page());
+    for (const AppLanguage language : {AppLanguage::ru, AppLanguage::ja, AppLanguage::de}) {
+        house.speak(language);
+        QCoreApplication::processEvents();
+        EXPECT_EQ(button.width(), button.button().sizeHint().width());
+        EXPECT_EQ(button.button().width(), button.width());
+    }
+}
+
 TEST_F(AboutTabTest, OpeningThePageWritesNothing) {
     withFeed();
     house.defaults.writes.clear();
     page();
     EXPECT_THAT(house.defaults.writes, IsEmpty());
-}
-
-TEST(ProductAddressTest, OnlyAWebAddressWithAHostIsValid) {
-    EXPECT_TRUE(ProductAddress::isValid("https://velmora.example/"));
-    EXPECT_TRUE(ProductAddress::isValid("http://127.0.0.1:8910/velmora"));
-    for (const char* const address :
-         {"", "velmora.example", "https://", "https:///path", "file:///etc/passwd", "https://[",
-          "mailto:a@b.example", "https://a b.example/"}) {
-        EXPECT_FALSE(ProductAddress::isValid(address)) << address;
-    }
-}
-
-TEST(ProductAddressTest, ShownTextLacksTheSchemeAndTheSlashOfABareHost) {
-    EXPECT_EQ(ProductAddress::shownText("https://velmora.example"), "velmora.example");
-    EXPECT_EQ(ProductAddress::shownText("https://velmora.example/"), "velmora.example");
-    EXPECT_EQ(ProductAddress::shownText("https://velmora.example/app/"), "velmora.example/app/");
-    EXPECT_EQ(ProductAddress::shownText("no address"), "no address");
-    EXPECT_EQ(ProductAddress::shownText(""), "");
-    EXPECT_EQ(ProductAddress::shownText("https://"), "");
 }
 
 }  // namespace

@@ -10,16 +10,39 @@
 #include <gtest/gtest.h>
 
 #include <QAbstractScrollArea>
+#include <QCursor>
 #include <QGuiApplication>
 #include <QKeySequence>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QShortcut>
 
 namespace velmora {
 namespace {
+
+const QScreen& screenNamed(const char* name) {
+    for (const QScreen* screen : QGuiApplication::screens()) {
+        if (screen->name() == QLatin1String(name)) return *screen;
+    }
+    throw std::runtime_error("no such screen");
+}
+
+/// Puts the pointer on a screen, and back again.
+class PointerAt {
+public:
+    explicit PointerAt(const QScreen& screen) : m_before(QCursor::pos()) {
+        QCursor::setPos(screen.geometry().center());
+    }
+    PointerAt(const PointerAt&) = delete;
+    PointerAt& operator=(const PointerAt&) = delete;
+    ~PointerAt() { QCursor::setPos(m_before); }
+
+private:
+    QPoint m_before;
+};
 
 class SettingsWindowControllerTest : public testing::Test {
 protected:
@@ -40,6 +63,7 @@ protected:
         settle();
     }
 
+    const PointerAt pointer{screenNamed("usual")};
     SettingsHouse house;
     SettingsWindowController controller{house.collaborators()};
 };
@@ -221,20 +245,34 @@ TEST_F(SettingsWindowControllerTest, TheSchemeIsFollowedWhileTheWindowIsOpen) {
 }
 
 TEST_F(SettingsWindowControllerTest, OnAScreenSmallerThanTheContentTheWindowFitsAndScrolls) {
-    QScreen* const small = QGuiApplication::screens().at(1);
+    const PointerAt onSmall(screenNamed("small"));
     SettingsWindow& window = shown();
-    window.setScreen(small);
-    window.move(small->geometry().topLeft());
-    settle();
-    window.widenFor(SettingsTab::modules);
-    settle();
-    const QRect frame = window.frameGeometry();
-    qDebug() << "DBG" << window.screen() << frame << window.geometry() << small->geometry() << window.minimumSize();
-    EXPECT_LE(frame.width(), small->geometry().width());
+    const QRect small = screenNamed("small").availableGeometry();
+    EXPECT_TRUE(small.contains(window.frameGeometry())) << "on the screen where the pointer is";
+    EXPECT_LE(window.minimumWidth(), window.width());
     auto* const scroll = window.findChild<QScrollArea*>();
     ASSERT_TRUE(scroll);
     EXPECT_EQ(window.view().width(), 880) << "the content keeps its least width";
-    EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 880 - scroll->viewport()->width());
+    EXPECT_EQ(scroll->horizontalScrollBar()->maximum(), 880 - window.width());
+    EXPECT_EQ(window.view().height(), window.height()) << "its height is the window's";
+}
+
+TEST_F(SettingsWindowControllerTest, OnASmallScreenAChangeOfTabStaysOnTheScreen) {
+    const PointerAt onSmall(screenNamed("small"));
+    const SettingsWindow& window = shown(SettingsTab::general);
+    select(SettingsTab::modules);
+    select(SettingsTab::about);
+    EXPECT_TRUE(screenNamed("small").availableGeometry().contains(window.frameGeometry()));
+}
+
+TEST_F(SettingsWindowControllerTest, AWindowOfAHandfulOfPointsScrollsBothWays) {
+    SettingsWindow& window = shown();
+    window.setMinimumSize(1, 1);
+    for (const QSize size : {QSize(300, 100), QSize(1, 1), QSize(0, 0)}) {
+        window.resize(size);
+        settle();
+        EXPECT_EQ(window.view().size(), QSize(880, 240));
+    }
 }
 
 TEST_F(SettingsWindowControllerTest, WithoutABlurTheSidebarIsOpaque) {

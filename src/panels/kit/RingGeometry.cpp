@@ -76,17 +76,17 @@ CoreGridLayout::CoreGridLayout(double width, double spacing) : m_spacing(Points:
 
 QPointF CoreGridLayout::centre(std::size_t index) const {
     const auto columns = static_cast<std::size_t>(m_columns);
-    const auto column = static_cast<double>(index % columns);
-    const auto row = static_cast<double>(index / columns);
-    return {column * (m_columnWidth + m_spacing) + m_columnWidth / 2,
-            row * (kCoreCell + m_spacing) + kCoreCell / 2};
+    const std::size_t column = index % columns;
+    const std::size_t row = index / columns;
+    return {static_cast<double>(column) * (m_columnWidth + m_spacing) + m_columnWidth / 2,
+            static_cast<double>(row) * (kCoreCell + m_spacing) + kCoreCell / 2};
 }
 
 double CoreGridLayout::height(std::size_t count) const {
     if (count == 0) return 0;
     const auto columns = static_cast<std::size_t>(m_columns);
-    const auto rows = static_cast<double>((count + columns - 1) / columns);
-    return rows * kCoreCell + (rows - 1) * m_spacing;
+    const std::size_t rows = (count + columns - 1) / columns;
+    return static_cast<double>(rows) * (kCoreCell + m_spacing) - m_spacing;
 }
 
 }  // namespace velmora::RingGeometry

@@ -1,8 +1,7 @@
 #pragma once
 
-#include "panels/kit/Views.h"
-
 #include "look/Scheme.h"
+#include "panels/kit/Views.h"
 
 #include <functional>
 

@@ -4,6 +4,8 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
+#include <QApplication>
+#include <QCursor>
 #include <QMouseEvent>
 #include <QPainter>
 
@@ -80,18 +82,33 @@ void StripCell::setBackdrop(const QColor& backdrop) {
     update();
 }
 
-void StripCell::enterEvent(QEnterEvent*) {
-    m_hovered = true;
+void StripCell::setHovered(bool hovered) {
+    if (m_hovered == hovered) return;
+    m_hovered = hovered;
     update();
+}
+
+void StripCell::enterEvent(QEnterEvent*) {
+    setHovered(true);
 }
 
 void StripCell::leaveEvent(QEvent*) {
-    m_hovered = false;
-    update();
+    // A cell stays lit while the popup that it opened takes the pointer from it.
+    if (!QApplication::activePopupWidget()) setHovered(false);
 }
 
 void StripCell::mousePressEvent(QMouseEvent*) {
+    setHovered(true);
     if (pressed) pressed(*this);
+    if (QWidget* const popup = QApplication::activePopupWidget()) popup->installEventFilter(this);
+}
+
+bool StripCell::eventFilter(QObject* popup, QEvent* event) {
+    if (event->type() == QEvent::Hide) {
+        popup->removeEventFilter(this);
+        setHovered(rect().contains(mapFromGlobal(QCursor::pos())));
+    }
+    return false;
 }
 
 void StripCell::paintEvent(QPaintEvent*) {

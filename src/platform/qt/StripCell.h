@@ -28,8 +28,14 @@ public:
 
     void setBackdrop(const QColor& backdrop);
 
+    /// Whether the cell is shown as the one under the pointer.
+    bool isHovered() const { return m_hovered; }
+    void setHovered(bool hovered);
+
     /// The cell was clicked, with any button.
     std::function<void(StripCell&)> pressed;
+
+    bool eventFilter(QObject* popup, QEvent* event) override;
 
 protected:
     void enterEvent(QEnterEvent* event) override;

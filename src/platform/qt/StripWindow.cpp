@@ -3,7 +3,7 @@
 #include "platform/qt/StripCell.h"
 #include "platform/qt/StripGeometry.h"
 
-#include <QGuiApplication>
+#include <QApplication>
 #include <QMoveEvent>
 #include <QPainter>
 #include <QScreen>
@@ -111,6 +111,12 @@ std::optional<Anchor> StripWindow::placeOf(const std::string& id) const {
         std::ranges::find_if(m_cells, [&](const StripCell* candidate) { return candidate->item().id == id; });
     if (cell == m_cells.end() || !(*cell)->isVisible()) return std::nullopt;
     return anchorOf(**cell);
+}
+
+/// After a popup the toolkit does not remember which cell it was.
+void StripWindow::leaveEvent(QEvent*) {
+    if (QApplication::activePopupWidget()) return;
+    for (StripCell* const cell : m_cells) cell->setHovered(false);
 }
 
 void StripWindow::moveEvent(QMoveEvent* event) {

@@ -40,6 +40,7 @@ public:
     std::function<void()> ratioChanged;
 
 protected:
+    void leaveEvent(QEvent* event) override;
     void moveEvent(QMoveEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 

@@ -20,6 +20,7 @@ VMSegmented::VMSegmented(const std::vector<std::string>& symbols, const std::vec
     // Drawn for the densest usual screen; a coarser one scales them down smoothly.
     const double ratio = std::max(std::ceil(devicePixelRatioF()), 2.0);
     std::vector<QImage> images;
+    images.reserve(symbols.size());
     for (const std::string& symbol : symbols) {
         images.push_back(Symbol::image(symbol, kSymbolPoints, Qt::black, ratio));
     }

@@ -269,7 +269,7 @@ TEST_F(PanelWidgetTest, KeyboardFocusSurvivesAnUpdate) {
 }
 
 TEST_F(PanelWidgetTest, SchemeReachesEveryPart) {
-    showPanel();
+    panel.setPanel(samplePanel());
     const QImage dark = pictureOf(panel);
     panel.setScheme(Scheme::light);
     const QImage light = pictureOf(panel);

@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <QAccessible>
+#include <QCursor>
 #include <QGuiApplication>
 #include <QImage>
 #include <QMenu>
@@ -143,6 +144,30 @@ TEST_F(StripStatusBarTest, TranslucentPixelsMixWithTheBackdrop) {
     m_bar.setItems({kCpu});
     m_bar.setImage(kCpu.id, imageOf(60, 22, 0x80000000));
     EXPECT_NEAR(picture().pixelColor(30, 12).red(), 127, 1);
+}
+
+TEST_F(StripStatusBarTest, CellStaysLitWhileItsPopupIsOpenAndNoLonger) {
+    m_bar.setItems({kCpu});
+    m_bar.setImage(kCpu.id, imageOf(60, 22, 0xFF000000));
+    QCursor::setPos(QPoint(5, 500));
+    QWidget popup(nullptr, Qt::Popup);
+    const Subscription subscription =
+        m_bar.activated.subscribe([&popup](const std::string&, const Anchor&) { popup.show(); });
+    press(cell(0));
+    EXPECT_TRUE(cell(0)->isHovered());
+    popup.hide();
+    EXPECT_FALSE(cell(0)->isHovered()) << "the pointer had left meanwhile";
+}
+
+TEST_F(StripStatusBarTest, LeavingTheStripLeavesEveryCell) {
+    m_bar.setItems({kCpu, kMemory});
+    m_bar.setImage(kCpu.id, imageOf(60, 22, 0xFF000000));
+    m_bar.setImage(kMemory.id, imageOf(60, 22, 0xFF000000));
+    press(cell(0));
+    ASSERT_TRUE(cell(0)->isHovered());
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(&const_cast<StripWindow&>(m_bar.window()), &leave);
+    EXPECT_FALSE(cell(0)->isHovered());
 }
 
 TEST_F(StripStatusBarTest, BackdropFollowsTheShade) {

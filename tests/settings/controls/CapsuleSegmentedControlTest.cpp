@@ -8,7 +8,6 @@
 #include "settings/controls/PillTheme.h"
 #include "settings/controls/SegmentIcon.h"
 #include "settings/controls/SettingsScheme.h"
-#include "settings/controls/VMSegmented.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -173,39 +172,6 @@ TEST_F(CapsuleSegmentedControlTest, ScreenReaderFindsOneChoiceOfSeveralWithItsTo
     control->setSelectedIndex(1);
     EXPECT_TRUE(second->state().checked);
     EXPECT_EQ(icons[2]->toolTip(), "") << "there were fewer tool tips than images";
-}
-
-TEST(VMSegmentedTest, SelectionIsHeldWithinTheRange) {
-    VMSegmented high({"wifi", "globe"}, {}, 9, 80, 24);
-    EXPECT_EQ(high.control().selectedIndex(), 1);
-    high.setSelection(-3);
-    EXPECT_EQ(high.control().selectedIndex(), 0);
-}
-
-TEST(VMSegmentedTest, UserSelectionIsToldAndOneFromOutsideIsNot) {
-    VMSegmented segmented({"wifi", "globe"}, {}, 0, 80, 24);
-    std::vector<int> selections;
-    segmented.onSelect([&](int index) { selections.push_back(index); });
-    segmented.setSelection(1);
-    Input::click(segmented.control(), QPoint(10, 12));
-    EXPECT_THAT(selections, ElementsAre(0));
-}
-
-TEST(VMSegmentedTest, CornersHaveARadiusOfSix) {
-    VMSegmented segmented({"wifi"}, {}, 0, 80, 24);
-    EXPECT_EQ(segmented.control().cornerRadius(), 6);
-}
-
-TEST(VMSegmentedTest, UnknownSymbolLeavesItsSegmentEmpty) {
-    VMSegmented segmented({"no.such.symbol", "wifi"}, {}, 0, 80, 24);
-    EXPECT_EQ(segmented.control().segmentCount(), 2);
-    EXPECT_TRUE(segmented.control().iconFrame(0).isEmpty());
-    EXPECT_EQ(segmented.control().iconFrame(1).size(), QSizeF(12, 12));
-}
-
-TEST(VMSegmentedTest, NoSymbolsDoNoHarm) {
-    VMSegmented segmented({}, {}, 4, 80, 24);
-    EXPECT_EQ(segmented.control().selectedIndex(), 0);
 }
 
 }  // namespace

@@ -136,31 +136,36 @@ void LinuxProcessLister::runMemory(int lines, const Deliver& deliver) {
 }
 
 void LinuxProcessLister::runCPU(int lines, Deliver deliver) {
-    // Another call may have taken a new base during the wait, and then the time is not over yet.
-    auto waitAndLookAgain = m_life.wrap([this, lines, deliver](double seconds) {
-        wait(seconds, [this, lines, deliver] { runCPU(lines, deliver); });
-    });
-    m_workQueue.async([walks = m_walks, &clock = m_clock, &runLoop = m_runLoop, lines, deliver,
-                       waitAndLookAgain = std::move(waitAndLookAgain)] {
+    m_calls.push_back({lines, std::move(deliver)});
+    if (m_calls.size() == 1) lookAtShares();
+}
+
+/// Answers everybody who waits by now, at once or after the pause that a share needs.
+void LinuxProcessLister::lookAtShares() {
+    int lines = 0;
+    for (const Call& call : m_calls) lines = std::max(lines, call.lines);
+    auto pauseAndLookAgain = m_life.wrap(
+        [this](double seconds) { m_pause = m_runLoop.after(seconds, [this] { lookAtShares(); }); });
+    auto answerThese = m_life.wrap(
+        [this, count = m_calls.size()](const std::optional<std::string>& output) { answer(count, output); });
+    m_workQueue.async([walks = m_walks, &clock = m_clock, &runLoop = m_runLoop, lines,
+                       pauseAndLookAgain = std::move(pauseAndLookAgain),
+                       answerThese = std::move(answerThese)] {
         const auto seconds = walks->prepare(clock.seconds());
-        if (!seconds) {
-            deliver(std::nullopt);
-        } else if (*seconds > 0) {
-            runLoop.post([waitAndLookAgain, seconds]() mutable { waitAndLookAgain(*seconds); });
-        } else {
-            deliver(walks->cpuLines(clock.seconds(), lines));
+        if (seconds && *seconds > 0) {
+            runLoop.post([pauseAndLookAgain, seconds]() mutable { pauseAndLookAgain(*seconds); });
+            return;
         }
+        auto output = seconds ? walks->cpuLines(clock.seconds(), lines) : std::nullopt;
+        runLoop.post([answerThese, output = std::move(output)]() mutable { answerThese(output); });
     });
 }
 
-void LinuxProcessLister::wait(double seconds, std::function<void()> task) {
-    std::erase_if(m_waits, [](const Wait& wait) { return *wait.isOver; });
-    const auto isOver = std::make_shared<bool>(false);
-    Subscription timer = m_runLoop.after(seconds, [isOver, task = std::move(task)] {
-        *isOver = true;
-        task();
-    });
-    m_waits.push_back({isOver, std::move(timer)});
+void LinuxProcessLister::answer(std::size_t count, const std::optional<std::string>& output) {
+    const auto later = m_calls.begin() + static_cast<std::ptrdiff_t>(count);
+    for (auto call = m_calls.begin(); call != later; ++call) call->deliver(output);
+    m_calls.erase(m_calls.begin(), later);
+    if (!m_calls.empty()) lookAtShares();  // They came during the walk.
 }
 
 }  // namespace velmora

@@ -17,7 +17,8 @@ namespace velmora {
 /// and, worse, gives the average processor share of a process's whole life: a quarter for one that has just
 /// been busy for a second after three idle ones. Here the share is over the time since the last call; where
 /// that is unknown or longer ago than ten seconds, over 0.7 seconds that the caller waits for. The shortest
-/// time is 0.7 seconds too, as processor time is counted in hundredths of a second.
+/// time is 0.7 seconds too, as processor time is counted in hundredths of a second. Calls that come while
+/// others wait get the same answer as those.
 ///
 /// Two lists of arguments are known, those for the processor and for resident memory; any other cannot be
 /// launched.
@@ -33,21 +34,23 @@ public:
 
 private:
     class Walks;
-    struct Wait {
-        std::shared_ptr<bool> isOver;
-        Subscription timer;
-    };
     using Deliver = std::function<void(std::optional<std::string>)>;
+    struct Call {
+        int lines;
+        Deliver deliver;
+    };
 
     void runMemory(int lines, const Deliver& deliver);
     void runCPU(int lines, Deliver deliver);
-    void wait(double seconds, std::function<void()> task);
+    void lookAtShares();
+    void answer(std::size_t count, const std::optional<std::string>& output);
 
     const MonotonicClock& m_clock;
     WorkQueue& m_workQueue;
     RunLoop& m_runLoop;
     std::shared_ptr<Walks> m_walks;  ///< Shared with work that may outlive this object.
-    std::vector<Wait> m_waits;
+    std::vector<Call> m_calls;       ///< For shares, under way together.
+    Subscription m_pause;
     LifeGuard m_life;
 };
 

@@ -158,20 +158,49 @@ TEST_F(LinuxProcessIconSourceTest, EntryThatStartsAtLoginHasTheApplicationsName)
     EXPECT_EQ(iconOf(1), "chat-icon");
 }
 
-TEST_F(LinuxProcessIconSourceTest, InterpretersAreToldApartByTheirLaunchers) {
-    addApplication("a", "python3 a.py", "a-icon");
-    addApplication("b", "python3 b.py", "b-icon");
-    for (const int pid : {1, 2}) {
-        addProcess(pid, "/usr/bin/python3.11");
+/// The applications of the captured machine, whose files are older than a moment, so that what is known of
+/// them is kept.
+class KeptProcessIcons : public LinuxProcessIconSourceTest {
+protected:
+    static constexpr auto kMachine = VELMORA_FIXTURES "/three-desktops/";
+
+    void launchBy(int pid, const std::string& id) {
         const std::string number(1, static_cast<char>('0' + pid));
-        tree.files().write(folder(pid) + "environ",
-                           "GIO_LAUNCHED_DESKTOP_FILE=" + tree.entryPath(pid == 1 ? "a" : "b") + '\0' +
-                               "GIO_LAUNCHED_DESKTOP_FILE_PID=" + number + '\0');
+        tree.files().write(folder(pid) + "environ", std::string("GIO_LAUNCHED_DESKTOP_FILE=") + kMachine +
+                                                        "usr/share/applications/" + id + ".desktop" + '\0' +
+                                                        "GIO_LAUNCHED_DESKTOP_FILE_PID=" + number + '\0');
     }
-    addProcess(3, "/usr/bin/python3.11");
-    EXPECT_EQ(iconOf(1), "a-icon");
-    EXPECT_EQ(iconOf(2), "b-icon");
-    EXPECT_EQ(iconOf(3), "");
+    std::string keptIconOf(int pid) { return kept.iconOf(pid).value_or(""); }
+
+    LinuxProcessIconSource kept{
+        tree.surroundings().root,
+        std::make_shared<DesktopEntries>(
+            DesktopSurroundings{.root = SystemRoot(kMachine), .dataFolders = {"/usr/share"}},
+            DesktopEntryLocales())};
+};
+
+TEST_F(KeptProcessIcons, ExecutableThatIsKnownIsNotLookedIntoAgain) {
+    addProcess(1, "/usr/lib/suite/suite.bin");
+    launchBy(1, "gparted");
+    EXPECT_EQ(keptIconOf(1), "gparted");
+    addProcess(2, "/usr/lib/suite/suite.bin");
+    EXPECT_EQ(keptIconOf(2), "gparted");
+}
+
+TEST_F(KeptProcessIcons, InterpretersAreToldApartByTheirLaunchers) {
+    for (const int pid : {1, 2, 3}) addProcess(pid, "/usr/bin/python3.11");
+    launchBy(1, "gparted");
+    launchBy(2, "org.bleachbit.BleachBit");
+    EXPECT_EQ(keptIconOf(1), "gparted");
+    EXPECT_EQ(keptIconOf(2), "bleachbit");
+    EXPECT_EQ(keptIconOf(3), "");
+}
+
+TEST_F(KeptProcessIcons, OneExecutableInTwoUnitsIsTwoApplications) {
+    addProcess(1, "/usr/lib/suite/suite.bin", "app-gnome-gparted-1.scope");
+    addProcess(2, "/usr/lib/suite/suite.bin", "app-gnome-org.bleachbit.BleachBit-2.scope");
+    EXPECT_EQ(keptIconOf(1), "gparted");
+    EXPECT_EQ(keptIconOf(2), "bleachbit");
 }
 
 TEST_F(LinuxProcessIconSourceTest, ProgramOfAnotherUserIsKnownByItsName) {

@@ -17,7 +17,8 @@ using Paths = std::vector<std::filesystem::path>;
 class XdgFolders : public ::testing::Test {
 protected:
     void SetUp() override {
-        for (const char* name : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_DIRS"}) {
+        for (const char* name :
+             {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME", "XDG_CONFIG_DIRS", "XDG_DATA_DIRS"}) {
             const char* value = std::getenv(name);
             m_saved[name] = value ? std::optional<std::string>(value) : std::nullopt;
             ::unsetenv(name);

@@ -1,3 +1,0 @@
-#pragma once
-
-#include "settings/controls/SettingsScheme.h"  // IWYU pragma: export
