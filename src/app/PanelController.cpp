@@ -10,6 +10,7 @@
 
 #include <QApplication>
 #include <QMouseEvent>
+#include <QScreen>
 
 #include <utility>
 
@@ -85,7 +86,15 @@ void PanelController::open(StatsModule module, const Anchor& anchor) {
     if (m_session.windows == Session::WindowSystem::xwayland) raiseShield();
     const ScreenPlace place = ScreenPlace::under(anchor);
     m_window->open(anchor, place.screen, place.available);
+    closeWithScreen();
     if (m_session.windows == Session::WindowSystem::x11) PopupGrab::keepAsking(*m_window);
+}
+
+/// Where the panel and its item would be on another screen, nobody knows.
+void PanelController::closeWithScreen() {
+    QWidget& window = *m_window;
+    QObject::connect(qApp, &QGuiApplication::screenRemoved, &window, [&window] { window.close(); });
+    QObject::connect(window.screen(), &QScreen::geometryChanged, &window, [&window] { window.close(); });
 }
 
 void PanelController::raiseShield() {

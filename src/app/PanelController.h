@@ -51,6 +51,7 @@ public:
 private:
     void open(StatsModule module, const Anchor& anchor);
     void raiseShield();
+    void closeWithScreen();
     void clickedElsewhere(QPoint at);
     void lostKeyboard();
     void drop();

@@ -30,7 +30,7 @@ double finite(double value) {
 }
 
 MetricRow shareRow(std::optional<QColor> tint, std::string label, double fraction) {
-    return {std::move(tint), std::move(label), StatsFormat::percent(fraction), true};
+    return {tint, std::move(label), StatsFormat::percent(fraction), true};
 }
 
 MenuCard usageCard(const CPUStats& stats, const PanelContext& context) {

@@ -5,6 +5,7 @@
 #include "panels/kit/Series.h"
 #include "samplers/TopProcessSampler.h"
 
+#include <cstdint>
 #include <utility>
 
 namespace velmora {
@@ -85,6 +86,13 @@ MenuCard swapCard(const MemoryStats& stats, const PanelContext& context) {
     row.label = context.text("mem.swapFile");
     row.bar = {share(stats.swapUsed, stats.swapTotal), Series::primary, kBarHeight};
     row.value = context.bytes(stats.swapUsed) + " / " + context.bytes(stats.swapTotal);
+    // The size of the swap stays; what is used of it grows and shrinks.
+    // Below a hundred gigabytes, megabytes with their four digits are the widest of it.
+    constexpr std::uint64_t kLarge = 100'000'000'000;
+    constexpr std::uint64_t kWide = 888'800'000;
+    constexpr std::uint64_t kWidest = 888'880'000'000;
+    row.valueSample =
+        context.bytes(stats.swapTotal < kLarge ? kWide : kWidest) + " / " + context.bytes(stats.swapTotal);
     MenuCard card;
     card.content.emplace_back(std::move(row));
     return card;

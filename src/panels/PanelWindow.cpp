@@ -91,7 +91,8 @@ void PanelWindow::open(const Anchor& anchor, const DesktopRect& screen, const De
 }
 
 bool PanelWindow::event(QEvent* event) {
-    if (event->type() == QEvent::WindowDeactivate && m_kind != Kind::popup && m_isOpen) {
+    const bool isManaged = m_kind == Kind::tool || m_kind == Kind::plain;
+    if (event->type() == QEvent::WindowDeactivate && isManaged && m_isOpen) {
         if (const auto tell = deactivated) tell();
     }
     return QWidget::event(event);

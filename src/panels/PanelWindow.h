@@ -61,7 +61,7 @@ public:
     std::function<void()> closed;
     /// A popup was open and the click was elsewhere, at this point of the desktop.
     std::function<void(QPoint at)> pressedOutside;
-    /// Another window has the keyboard now.
+    /// Another window has the keyboard now. Only a managed window is told.
     std::function<void()> deactivated;
     /// The window has another place or size.
     std::function<void(const QRect& geometry)> placed;

@@ -18,6 +18,7 @@
 #include "settings/controls/ToggleSwitch.h"
 #include "settings/controls/VMDropdown.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
@@ -230,6 +231,12 @@ void ModuleDetail::showEvent(QShowEvent* event) {
 void ModuleDetail::hideEvent(QHideEvent* event) {
     m_figures.reset();
     QWidget::hideEvent(event);
+}
+
+void ModuleDetail::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    // Ink for the old ground would not be seen on the new one.
+    if (event->type() == QEvent::PaletteChange && m_style->isOpen()) drawSamples();
 }
 
 void ModuleDetail::figuresChanged(const StatsSnapshot& snapshot) {

@@ -51,6 +51,7 @@ public:
     MetricsGrid& metricsGrid() const { return *m_metrics; }
 
 protected:
+    void changeEvent(QEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 

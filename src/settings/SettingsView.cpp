@@ -30,6 +30,8 @@ SettingsView::SettingsView(const SettingsCollaborators& collaborators, QWidget* 
       m_level1(new Level1Sidebar(collaborators.router, collaborators.settings, collaborators.l10n,
                                  collaborators.bundle, tabsWithPages(collaborators), this)),
       m_detail(new DetailPane(this)) {
+    // What is made from here on is laid out once, in the size that it is most likely to be shown in.
+    resize(SettingsFrames::tabWidth(m_with.router.selectedTab.get()), SettingsFrames::kHeight);
     m_subscriptions.push_back(m_with.l10n.language().subscribe([this](AppLanguage) { retextHeading(); }));
     m_subscriptions.push_back(m_with.router.selectedTab.subscribe([this](SettingsTab tab) { showTab(tab); }));
     m_subscriptions.push_back(m_with.router.selectedModule.subscribe([this](StatsModule module) {
@@ -40,6 +42,7 @@ SettingsView::SettingsView(const SettingsCollaborators& collaborators, QWidget* 
 void SettingsView::showTab(SettingsTab tab) {
     if (m_tab == tab) return;
     m_tab = tab;
+    place();
     if (m_level2) {
         // It may be what asked for the change.
         m_level2->hide();

@@ -201,6 +201,15 @@ TEST_F(PanelControllerTest, ClickElsewhereCloses) {
     EXPECT_EQ(log.alive, 0);
 }
 
+TEST_F(PanelControllerTest, ScreenThatBecomesAnotherClosesThePanel) {
+    controller().toggle(StatsModule::cpu, kCell);
+    QScreen* const screen = controller().window()->screen();
+    emit screen->geometryChanged(screen->geometry());
+    EXPECT_EQ(openModule(), std::nullopt);
+    runLoop.runPosted();
+    EXPECT_EQ(log.alive, 0);
+}
+
 TEST_F(PanelControllerTest, PanelOfTheToolkitsOwnClosingIsDroppedToo) {
     controller().toggle(StatsModule::cpu, kCell);
     controller().window()->close();

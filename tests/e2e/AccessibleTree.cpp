@@ -25,8 +25,12 @@ QString accessibilityAddress(const PrivateSession& session) {
     QString address;
     {
         const QDBusConnection bus = QDBusConnection::connectToBus(session.busAddress(), name);
-        const QDBusMessage reply = ask(bus, {"org.a11y.Bus", "/org/a11y/bus"}, "org.a11y.Bus", "GetAddress");
-        if (reply.type() == QDBusMessage::ReplyMessage) address = reply.arguments().value(0).toString();
+        waitUntil([&] {
+            const QDBusMessage reply =
+                ask(bus, {"org.a11y.Bus", "/org/a11y/bus"}, "org.a11y.Bus", "GetAddress");
+            if (reply.type() == QDBusMessage::ReplyMessage) address = reply.arguments().value(0).toString();
+            return !address.isEmpty();
+        });
     }
     QDBusConnection::disconnectFromBus(name);
     if (address.isEmpty()) throw std::runtime_error("no accessibility bus came up");

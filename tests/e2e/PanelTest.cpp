@@ -22,17 +22,34 @@ protected:
         startWindowManager(session);
     }
 
-    /// Waits until the program's items stand in its strip and a screen reader knows them.
+    /// Waits until a screen reader knows the program's items in its strip, and the strip has come to rest in
+    /// its place: the window manager puts it there a moment after it is shown.
     void waitForItems() {
-        ASSERT_TRUE(waitUntil([this] {
+        constexpr int kEqualLooks = 8;
+        QRect last;
+        int equal = 0;
+        ASSERT_TRUE(waitUntil([&] {
             m_program = tree.application("velmora");
-            return m_program && !cell("CPU").isEmpty() && !cell("MEM").isEmpty() &&
-                   !dockWindow(session).id.isEmpty();
+            if (!m_program) return false;
+            const QRect now = cell("CPU") | cell("MEM");
+            equal = now == last && isOnScreen(now) ? equal + 1 : 0;
+            last = now;
+            return equal >= kEqualLooks;
         }));
+    }
+    /// Where nothing is, the screen is black all over.
+    bool isOnScreen(const QRect& place) const {
+        const QImage shown = picture(place);
+        for (int x = 0; x < shown.width(); ++x) {
+            for (int y = 0; y < shown.height(); ++y) {
+                if (shown.pixelColor(x, y) != QColor(Qt::black)) return true;
+            }
+        }
+        return false;
     }
     /// The place of an item.
     QRect cell(const QString& name) const {
-        const auto item = tree.find(*m_program, [&](const AccessibleObject& object) {
+        const auto item = tree.find(m_program.value(), [&](const AccessibleObject& object) {
             return tree.name(object) == name && tree.role(object).contains("button");
         });
         return item ? tree.extents(*item) : QRect();
@@ -47,7 +64,7 @@ protected:
     void press(const QString& key) const { session.output("xdotool", {"key", key}); }
     /// The open panel's window; nothing while none is open.
     std::optional<AccessibleObject> panel() const {
-        for (const AccessibleObject& window : tree.children(*m_program)) {
+        for (const AccessibleObject& window : tree.children(m_program.value())) {
             if (tree.role(window) == "dialog") return window;
         }
         return std::nullopt;
@@ -68,6 +85,7 @@ protected:
             return tree.name(object) == name && tree.role(object) == role;
         });
     }
+    std::optional<AccessibleObject> settingsButton() const { return part("Settings…", "push button"); }
     QImage picture(const QRect& of) const { return screenPicture(session).copy(of); }
 
     PrivateSession session;
@@ -83,7 +101,7 @@ TEST_F(PanelTest, ClickOnAnItemOpensItsPanelBelowIt) {
     const QRect item = cell("CPU");
     click(item.center());
     ASSERT_TRUE(waitForPanel("CPU"));
-    const QRect window = tree.extents(*panel());
+    const QRect window = tree.extents(panel().value());
     EXPECT_EQ(window.width(), 300);
     EXPECT_GE(window.top(), item.bottom() + 1);
     EXPECT_LE(window.top(), item.bottom() + 1 + 4) << "at most the gap to the edge of the work area";
@@ -96,11 +114,11 @@ TEST_F(PanelTest, AScreenReaderFindsRowsWithTheirFigures) {
     click(cell("CPU").center());
     ASSERT_TRUE(waitForPanel("CPU"));
     for (const char* row : {"User", "System", "Load averages", "Uptime"}) {
-        const auto found = tree.named(*panel(), row);
+        const auto found = tree.named(panel().value(), row);
         ASSERT_TRUE(found) << row;
         EXPECT_FALSE(tree.description(*found).isEmpty()) << row;
     }
-    EXPECT_TRUE(tree.description(*tree.named(*panel(), "User")).endsWith('%'));
+    EXPECT_TRUE(tree.description(tree.named(panel().value(), "User").value()).endsWith('%'));
     const auto graph = part("CPU", "chart");
     ASSERT_TRUE(graph);
     EXPECT_TRUE(tree.description(*graph).contains("User"));
@@ -111,7 +129,7 @@ TEST_F(PanelTest, FiguresGoOnWhileThePanelIsOpen) {
     waitForItems();
     click(cell("CPU").center());
     ASSERT_TRUE(waitForPanel("CPU"));
-    const QRect graph = tree.extents(*part("CPU", "chart"));
+    const QRect graph = tree.extents(part("CPU", "chart").value());
     const QImage before = picture(graph);
     EXPECT_TRUE(waitUntil([&] { return picture(graph) != before; }));
 }
@@ -124,7 +142,7 @@ TEST_F(PanelTest, TheBusiestProcessesArrive) {
     click(cell("CPU").center());
     ASSERT_TRUE(waitForPanel("CPU"));
     EXPECT_TRUE(waitUntil([this] {
-        const auto process = tree.named(*panel(), "sh");
+        const auto process = tree.named(panel().value(), "sh");
         return process && tree.description(*process).endsWith('%');
     }));
     load.kill();
@@ -136,7 +154,7 @@ TEST_F(PanelTest, ThePointerOverTheGraphShowsTheChip) {
     waitForItems();
     click(cell("CPU").center());
     ASSERT_TRUE(waitForPanel("CPU"));
-    const QRect graph = tree.extents(*part("CPU", "chart"));
+    const QRect graph = tree.extents(part("CPU", "chart").value());
     // The newest slot stands at the right edge and has a value from the first tick on.
     const auto chip = [this] {
         const auto found = part("Now", "tool tip");
@@ -145,9 +163,9 @@ TEST_F(PanelTest, ThePointerOverTheGraphShowsTheChip) {
     ASSERT_FALSE(chip());
     movePointer({graph.right() - 1, graph.center().y()});
     ASSERT_TRUE(waitUntil([&] { return chip().has_value(); }));
-    EXPECT_TRUE(tree.description(*chip()).contains("User"));
-    const QRect place = tree.extents(*chip());
-    EXPECT_TRUE(tree.extents(*panel()).contains(place));
+    EXPECT_TRUE(tree.description(chip().value()).contains("User"));
+    const QRect place = tree.extents(chip().value());
+    EXPECT_TRUE(tree.extents(panel().value()).contains(place));
     EXPECT_GT(place.bottom(), graph.bottom()) << "below the graph, its shadow aside";
     const QImage shown = picture(place);
     movePointer({graph.center().x(), graph.bottom() + 200});
@@ -160,9 +178,7 @@ TEST_F(PanelTest, TheOwnSettingsButtonClosesThePanel) {
     waitForItems();
     click(cell("CPU").center());
     ASSERT_TRUE(waitForPanel("CPU"));
-    const auto button = tree.find(*panel(), [this](const AccessibleObject& object) {
-        return tree.role(object).contains("button") && tree.name(object).startsWith("Settings");
-    });
+    const auto button = settingsButton();
     ASSERT_TRUE(button);
     click(tree.extents(*button).center());
     EXPECT_TRUE(waitUntilClosed());
@@ -231,7 +247,7 @@ TEST_F(PanelTest, TheDesktopsSchemeIsFollowedFromTheStart) {
     click(cell("CPU").center());
     ASSERT_TRUE(waitForPanel("CPU"));
     // Without a portal the toolkit's own windows decide, which are light here.
-    const QRect window = tree.extents(*panel());
+    const QRect window = tree.extents(panel().value());
     const QRect ground(window.left() + 150, window.top() + 2, 1, 1);
     EXPECT_TRUE(waitUntil([&] { return picture(ground).pixelColor(0, 0) == QColor(Qt::white); }));
 }
@@ -246,7 +262,7 @@ TEST_F(PanelTest, ThePanelIsToggledOverTheSessionBus) {
     };
     toggle("cpu");
     ASSERT_TRUE(waitForPanel("CPU"));
-    EXPECT_GE(tree.extents(*panel()).top(), cell("CPU").bottom() + 1) << "below its item";
+    EXPECT_GE(tree.extents(panel().value()).top(), cell("CPU").bottom() + 1) << "below its item";
     toggle("cpu");
     ASSERT_TRUE(waitUntilClosed());
     toggle("battery");
@@ -322,6 +338,76 @@ TEST_F(PanelFromTrayTest, APanelThatAHostOpensAtPressClosesAtTheNextClickElsewhe
         return !tree.named(*velmora, "CPU");
     }));
 }
+
+/// A session whose X server is said to belong to a Wayland compositor, where a popup cannot grab the pointer.
+class PanelUnderXwaylandTest : public PanelTest, public testing::WithParamInterface<const char*> {
+protected:
+    static QProcessEnvironment xwayland() {
+        QProcessEnvironment environment = accessibilityOn();
+        environment.insert("WAYLAND_DISPLAY", "wayland-9");
+        environment.insert("XDG_SESSION_TYPE", "wayland");
+        environment.insert("XDG_CURRENT_DESKTOP", GetParam());
+        return environment;
+    }
+    /// Of the parts that lie over the whole screen; they take the place of the grab.
+    bool isShieldUp() const {
+        for (const AccessibleObject& window : tree.children(tree.application("velmora").value())) {
+            if (tree.isShowing(window) && tree.extents(window) == QRect(0, 0, 1280, 720)) return true;
+        }
+        return false;
+    }
+};
+
+TEST_P(PanelUnderXwaylandTest, AClickElsewhereClosesThePanelAndItsShield) {
+    const RunningProgram program(session, {}, xwayland());
+    waitForItems();
+    click(cell("CPU").center());
+    ASSERT_TRUE(waitForPanel("CPU"));
+    EXPECT_TRUE(waitUntil([this] { return isShieldUp(); }));
+    click({100, 600});
+    EXPECT_TRUE(waitUntilClosed());
+    EXPECT_TRUE(waitUntil([this] { return !isShieldUp(); }));
+}
+
+TEST_P(PanelUnderXwaylandTest, ItemsTakeClicksThroughTheShield) {
+    const RunningProgram program(session, {}, xwayland());
+    waitForItems();
+    click(cell("CPU").center());
+    ASSERT_TRUE(waitForPanel("CPU"));
+    click(cell("MEM").center());
+    ASSERT_TRUE(waitForPanel("Memory"));
+    click(cell("MEM").center());
+    EXPECT_TRUE(waitUntilClosed());
+}
+
+TEST_P(PanelUnderXwaylandTest, TheButtonsOfThePanelTakeClicks) {
+    const RunningProgram program(session, {}, xwayland());
+    waitForItems();
+    click(cell("CPU").center());
+    ASSERT_TRUE(waitForPanel("CPU"));
+    const auto button = settingsButton();
+    ASSERT_TRUE(button);
+    EXPECT_TRUE(QRect(0, 0, 1280, 720).contains(tree.extents(panel().value())));
+    click(tree.extents(*button).center());
+    EXPECT_TRUE(waitUntilClosed());
+}
+
+INSTANTIATE_TEST_SUITE_P(FloatingAndTiling, PanelUnderXwaylandTest, testing::Values("GNOME", "sway"));
+
+class PanelUnderXwaylandWithAWindowManagerTest : public PanelUnderXwaylandTest {};
+
+TEST_P(PanelUnderXwaylandWithAWindowManagerTest, EscapeClosesThePanel) {
+    const RunningProgram program(session, {}, xwayland());
+    waitForItems();
+    click(cell("CPU").center());
+    ASSERT_TRUE(waitForPanel("CPU"));
+    EXPECT_TRUE(waitUntil([this] {
+        press("Escape");  // Once the window manager has given it the keyboard.
+        return !panel();
+    }));
+}
+
+INSTANTIATE_TEST_SUITE_P(Floating, PanelUnderXwaylandWithAWindowManagerTest, testing::Values("GNOME", "KDE"));
 
 }  // namespace
 }  // namespace velmora

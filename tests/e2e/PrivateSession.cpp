@@ -28,8 +28,9 @@ PrivateSession::PrivateSession(Display display, Bus bus) {
     m_environment.insert("NO_AT_BRIDGE", "1");
 
     if (display == Display::virtualScreen) {
-        const QString number =
-            startAndReadLine("Xvfb", {"-displayfd", "1", "-screen", "0", "1280x720x24", "-nolisten", "tcp"});
+        // A server that starts over when its only client leaves refuses the next one meanwhile.
+        const QString number = startAndReadLine(
+            "Xvfb", {"-displayfd", "1", "-screen", "0", "1280x720x24", "-nolisten", "tcp", "-noreset"});
         m_environment.insert("DISPLAY", ":" + number);
     }
     if (bus == Bus::ownBus) {

@@ -121,10 +121,20 @@ TEST_F(TrayItemsTest, WithEveryModuleOffTheFallbackShowsItsMenuAndQuitEndsThePro
     const QString fallback = host.items().first();
     EXPECT_TRUE(host.property(fallback, "ItemIsMenu").toBool());
     const QStringList titles = host.menuTitles(fallback);
-    EXPECT_EQ(titles.first(), "About Velmora");
+    EXPECT_EQ(titles.first(), QString::fromUtf8("Settings…"));
+    EXPECT_TRUE(titles.contains("About Velmora"));
     EXPECT_EQ(titles.last(), "Quit Velmora");
     host.chooseFromMenu(fallback, "Quit Velmora");
     EXPECT_EQ(program.waitForExit(), 0);
+}
+
+TEST_F(TrayItemsTest, TheSettingsEntryOfTheFallbackOpensTheWindow) {
+    storeDefault(session, "enabledModules", "[]");
+    const RunningProgram program(session);
+    ASSERT_TRUE(waitForItems({"Velmora.fallback"}));
+    ASSERT_EQ(shownWindows(), 0);
+    host.chooseFromMenu(host.items().first(), QString::fromUtf8("Settings…"));
+    EXPECT_TRUE(waitUntil([&] { return shownWindows() == 1; }));
 }
 
 TEST_F(TrayItemsTest, TheFallbackLeavesWhenAModuleComesBack) {

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <cstddef>
 #include <map>
+#include <optional>
 #include <string>
 #include <utility>
 #include <vector>
@@ -22,6 +23,10 @@ public:
 
     Appearance appearance() const override { return m_appearance; }
     bool isVisible() const override { return m_isVisible; }
+    std::optional<Anchor> placeOf(const std::string& id) const override {
+        const auto entry = places.find(id);
+        return entry == places.end() ? std::nullopt : std::optional(entry->second);
+    }
 
     void setItems(const std::vector<StatusItem>& newItems) override {
         items = newItems;
@@ -61,6 +66,7 @@ public:
     std::vector<StatusItem> items;                  ///< The present ones.
     std::vector<std::vector<StatusItem>> itemSets;  ///< Every call of `setItems`.
     std::map<std::string, ItemImage> current;       ///< The present image of each item that has one.
+    std::map<std::string, Anchor> places;           ///< Where a test lets items stand.
     std::vector<ShownImage> images;                 ///< Every call of `setImage`.
 
 private:

@@ -295,5 +295,23 @@ TEST_F(StatusItemControllerTest, AHopThatComesAfterTheControllerIsGoneDoesNothin
     EXPECT_EQ(snapshot.subscriberCount(), 0u);
 }
 
+TEST_F(StatusItemControllerTest, PanelThatIsAskedForWithoutAClickOpensBesideItsItem) {
+    bar.places["Velmora.cpu"] = {900, 0, 66, 26};
+    controller().togglePanel(StatsModule::cpu, {5, 5, 1, 1});
+    ASSERT_EQ(panels.toggled.size(), 1u);
+    EXPECT_EQ(panels.toggled[0], std::pair(StatsModule::cpu, Anchor{900, 0, 66, 26}));
+}
+
+TEST_F(StatusItemControllerTest, PanelOfAnItemWithoutAKnownPlaceOpensAtTheGivenOne) {
+    controller().togglePanel(StatsModule::memory, {5, 5, 1, 1});
+    ASSERT_EQ(panels.toggled.size(), 1u);
+    EXPECT_EQ(panels.toggled[0], std::pair(StatsModule::memory, Anchor{5, 5, 1, 1}));
+}
+
+TEST_F(StatusItemControllerTest, PanelOfAModuleWithoutAnItemDoesNotOpen) {
+    controller().togglePanel(StatsModule::battery, {5, 5, 1, 1});
+    EXPECT_TRUE(panels.toggled.empty());
+}
+
 }  // namespace
 }  // namespace velmora

@@ -2,10 +2,14 @@
 
 #include "model/StatsFormat.h"
 #include "panels/PanelFixture.h"
+#include "panels/kit/PanelText.h"
+#include "panels/kit/RowGeometry.h"
 #include "panels/kit/Series.h"
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+#include <cstdint>
 #include <limits>
 
 namespace velmora {
@@ -114,7 +118,50 @@ TEST_F(MemoryMenuViewTest, PagingShowsRates) {
 TEST_F(MemoryMenuViewTest, SwapHasABarAndBothSizes) {
     EXPECT_EQ(at<BarRow>(panel(recorded()), 4, 0),
               (BarRow{"Swap file", UsageBar{1288490188.0 / 8589934592.0, Series::primary, 4},
-                      "1.29 GB / 8.59 GB", 0}));
+                      "1.29 GB / 8.59 GB", 0, "888.8 MB / 8.59 GB"}));
+}
+
+TEST_F(MemoryMenuViewTest, SwapBarKeepsItsLengthWhileTheFigureGrows) {
+    MemoryStats stats = recorded();
+    const std::string sample = at<BarRow>(panel(stats), 4, 0).valueSample;
+    stats.swapUsed = 1;
+    EXPECT_EQ(at<BarRow>(panel(stats), 4, 0).valueSample, sample);
+    stats.swapUsed = stats.swapTotal;
+    EXPECT_EQ(at<BarRow>(panel(stats), 4, 0).valueSample, sample);
+}
+
+TEST_F(MemoryMenuViewTest, NoFigureOfTheSwapIsWiderThanItsColumn) {
+    constexpr PanelFont kFont = {11, QFont::Normal, DigitWidth::monospaced};
+    MemoryStats stats;
+    using Size = std::uint64_t;
+    for (const Size total : {Size{8'590'000'000}, Size{99'990'000'000}, Size{888'880'000'000}}) {
+        stats.swapTotal = total;
+        for (const Size used :
+             {Size{0}, Size{999'900'000}, Size{8'880'000'000}, Size{88'880'000'000}, total}) {
+            stats.swapUsed = std::min(used, total);
+            const BarRow row = at<BarRow>(panel(stats), 4, 0);
+            EXPECT_LE(PanelText::width(kFont, PanelText::plain(row.value)),
+                      PanelText::width(kFont, PanelText::plain(row.valueSample)))
+                << row.value;
+        }
+    }
+}
+
+TEST_F(MemoryMenuViewTest, TheSwapIsCalledByItsWholeNameInEveryLanguage) {
+    constexpr PanelFont kLabel = {11};
+    constexpr PanelFont kValue = {11, QFont::Normal, DigitWidth::monospaced};
+    constexpr double kRow = 268;
+    constexpr int kReadable = 9;
+    for (const char* tag :
+         {"en", "de", "es", "fr", "it", "ja", "ko", "nl", "pl", "pt-BR", "ru", "tr", "zh-Hans", "zh-Hant"}) {
+        l10n.apply(tag);
+        const BarRow row = at<BarRow>(panel(recorded()), 4, 0);
+        const QString label = PanelText::plain(row.label);
+        const double room = RowGeometry::barRow(kRow, PanelText::width(kLabel, label),
+                                                PanelText::width(kValue, PanelText::plain(row.valueSample)))
+                                .label.width;
+        EXPECT_GE(PanelText::fitting(kLabel, label, room).size, kReadable) << row.label;
+    }
 }
 
 TEST_F(MemoryMenuViewTest, WithoutSwapThereIsNoRow) {

@@ -1,5 +1,6 @@
 #include "settings/Level1Sidebar.h"
 
+#include "look/SystemFont.h"
 #include "look/Theme.h"
 #include "settings/AppIconView.h"
 #include "settings/Descendants.h"
@@ -9,11 +10,14 @@
 #include "settings/SettingsHouse.h"
 #include "settings/SidebarDivider.h"
 #include "settings/SidebarFoot.h"
+#include "settings/SidebarGeometry.h"
 #include "settings/blocks/TextLabel.h"
 #include "settings/controls/SettingsScheme.h"
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
+#include <QFontMetrics>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -156,6 +160,21 @@ TEST_F(Level1SidebarTest, TheTextsFollowTheLanguage) {
     EXPECT_EQ(descendants<TextLabel>(all).front()->text(), "Einstellungen");
 }
 
+TEST_F(Level1SidebarTest, EveryTitleHasItsRoomInEveryLanguage) {
+    const Level1Sidebar& all = sidebar();
+    const QFontMetrics metrics(SystemFont::ofPixelSize(13, QFont::Medium));
+    constexpr int kCountWidth = 30;
+    for (const AppLanguage language : kAllLanguages) {
+        house.speak(language);
+        for (const Level1Row* row : all.rows()) {
+            const int count = row->count().isEmpty() ? 0 : kCountWidth;
+            EXPECT_LE(metrics.horizontalAdvance(row->title()),
+                      SidebarGeometry::level1(row->size(), count).title.width())
+                << row->title().toStdString();
+        }
+    }
+}
+
 TEST_F(Level1SidebarTest, TheVersionIsTheBundlesOrTheFirstOne) {
     house.bundle.values["CFBundleShortVersionString"] = "2.4";
     EXPECT_EQ(SidebarFoot::versionText(house.bundle), "2.4");
@@ -169,6 +188,16 @@ TEST_F(Level1SidebarTest, AVersionOfTwoHundredLettersStaysInTheSidebar) {
     for (const TextLabel* label : descendants<TextLabel>(all)) {
         EXPECT_LE(placeOf(*label, all).right(), 219) << label->text().left(9).toStdString();
     }
+}
+
+TEST_F(Level1SidebarTest, AScreenReaderHearsTheTitleTheCountAndTheChoice) {
+    Level1Row& modules = row(sidebar(), SettingsTab::modules);
+    QAccessibleInterface* const heard = QAccessible::queryAccessibleInterface(&modules);
+    ASSERT_TRUE(heard);
+    EXPECT_EQ(heard->text(QAccessible::Name), "Modules");
+    EXPECT_EQ(heard->text(QAccessible::Description), "3 / 6");
+    EXPECT_EQ(heard->role(), QAccessible::RadioButton) << "one of several";
+    EXPECT_TRUE(heard->state().checked);
 }
 
 TEST_F(Level1SidebarTest, AChosenRowIsFilledWithTheAccentColour) {

@@ -1,16 +1,19 @@
 #include "settings/Level2Sidebar.h"
 
 #include "look/Ink.h"
+#include "look/SystemFont.h"
 #include "settings/CountLabel.h"
 #include "settings/Descendants.h"
 #include "settings/Input.h"
 #include "settings/Level2Row.h"
 #include "settings/SettingsHouse.h"
+#include "settings/SidebarGeometry.h"
 #include "settings/blocks/TextLabel.h"
 #include "settings/controls/SettingsScheme.h"
 
 #include <gtest/gtest.h>
 
+#include <QFontMetrics>
 #include <QScrollArea>
 #include <QScrollBar>
 
@@ -100,6 +103,24 @@ TEST_F(Level2SidebarTest, TheTextsFollowTheLanguage) {
     house.speak(AppLanguage::de);
     EXPECT_TRUE(hasText("Module"));
     EXPECT_EQ(sidebar.row(StatsModule::memory).label(), "Arbeitsspeicher");
+}
+
+TEST_F(Level2SidebarTest, EveryNameAndTheHintHaveTheirRoomInEveryLanguage) {
+    const QFontMetrics chosen(SystemFont::ofPixelSize(13, QFont::DemiBold));
+    for (const AppLanguage language : kAllLanguages) {
+        house.speak(language);
+        QCoreApplication::processEvents();
+        for (const StatsModule module : kAllModules) {
+            const Level2Row& row = sidebar.row(module);
+            EXPECT_LE(chosen.horizontalAdvance(row.label()),
+                      SidebarGeometry::level2(row.size()).label.width())
+                << row.label().toStdString();
+        }
+        for (const TextLabel* label : descendants<TextLabel>(sidebar)) {
+            EXPECT_GE(label->height(), label->heightForWidth(label->width())) << label->text().toStdString();
+            EXPECT_LE(placeOf(*label).bottom(), 559);
+        }
+    }
 }
 
 TEST_F(Level2SidebarTest, InAShortWindowEveryModuleCanBeScrolledTo) {

@@ -1,5 +1,6 @@
 #include "settings/ModuleDetail.h"
 
+#include "look/PinnedFont.h"
 #include "settings/Descendants.h"
 #include "settings/MetricsGrid.h"
 #include "settings/PreviewStrip.h"
@@ -159,17 +160,40 @@ TEST_F(ModuleDetailTest, TheMenusPicturesAreTheItemsOfTheFiguresOfNow) {
     }
 }
 
-TEST_F(ModuleDetailTest, AClosedStyleMenuCostsNothingOnATick) {
+TEST_F(ModuleDetailTest, ThePicturesOfAnOpenMenuFollowAChangeOfTheScheme) {
+    ModuleDetail& detail = page();
+    detail.styleDropdown().pill().click();
+    const auto picture = [&] {
+        const QIcon icon = detail.styleDropdown().menu()->actions().constFirst()->icon();
+        return icon.pixmap(icon.availableSizes().constFirst()).toImage();
+    };
+    const QImage light = picture();
+    setScheme(detail, Scheme::dark);
+    EXPECT_NE(picture(), light);
+}
+
+TEST_F(ModuleDetailTest, AnOpenStyleMenuFollowsTheTicksOfItsModuleAlone) {
     const ModuleDetail& detail = page();
-    house.publish({StatsModule::cpu});
-    EXPECT_FALSE(detail.styleDropdown().isOpen());
     detail.styleDropdown().pill().click();
     const auto shownIcon = [&] { return detail.styleDropdown().menu()->actions()[1]->icon().cacheKey(); };
     const qint64 first = shownIcon();
     house.publish({StatsModule::memory});
     EXPECT_EQ(shownIcon(), first) << "another module's figures";
     house.publish({StatsModule::cpu});
-    EXPECT_NE(shownIcon(), first) << "an open menu is live";
+    EXPECT_NE(shownIcon(), first);
+}
+
+TEST_F(ModuleDetailTest, AMenuThatOpensAfterTicksShowsTheLastFigures) {
+    const ModuleDetail& detail = page();
+    house.publish({StatsModule::cpu});
+    house.publish({StatsModule::cpu});
+    house.publish({StatsModule::cpu});
+    detail.styleDropdown().pill().click();
+    const auto samples =
+        StyleSamples::ofModule(StatsModule::cpu, house.snapshot.get(), MenuBarRenderer::Ink::automatic(), 1);
+    const QImage& wanted = samples.at("value").image;
+    const QImage shown = detail.styleDropdown().menu()->actions()[1]->icon().pixmap(wanted.size()).toImage();
+    EXPECT_EQ(shown.convertToFormat(wanted.format()), wanted);
 }
 
 TEST_F(ModuleDetailTest, TheIntervalMenuIsTheSameForEveryModule) {
@@ -370,24 +394,28 @@ class ModuleDetailTextsTest : public ModuleDetailTest, public testing::WithParam
 
 TEST_P(ModuleDetailTextsTest, NothingIsCutOrOverlapsInTheNarrowestPage) {
     house.speak(GetParam());
-    for (const StatsModule module : kAllModules) {
-        ModuleDetail& detail = page(module);
-        constexpr int kNarrowest = 880 - 220 - 198 - 60;
-        detail.resize(kNarrowest, detail.heightForWidth(kNarrowest));
-        QCoreApplication::processEvents();
-        for (const QWidget* child : detail.findChildren<QWidget*>()) {
-            if (!child->isVisible() || child->isWindow()) continue;
-            EXPECT_TRUE(child->parentWidget()->rect().contains(child->geometry()))
-                << rawValue(module) << " " << child->metaObject()->className() << " "
-                << child->accessibleName().toStdString();
-        }
-        for (const TextLabel* label : descendants<TextLabel>(detail)) {
-            if (!label->isVisible()) continue;
-            EXPECT_GE(label->height(), label->heightForWidth(label->width())) << label->text().toStdString();
-        }
-        for (const CheckBox* box : detail.metricsGrid().boxes()) {
-            EXPECT_GE(box->height(), box->heightForWidth(box->width()))
-                << box->accessibleName().toStdString();
+    for (const QString& family : familiesToTry()) {
+        const PinnedFont pinned(family);
+        for (const StatsModule module : kAllModules) {
+            ModuleDetail& detail = page(module);
+            constexpr int kNarrowest = 880 - 220 - 198 - 60;
+            detail.resize(kNarrowest, detail.heightForWidth(kNarrowest));
+            QCoreApplication::processEvents();
+            for (const QWidget* child : detail.findChildren<QWidget*>()) {
+                if (!child->isVisible() || child->isWindow()) continue;
+                EXPECT_TRUE(child->parentWidget()->rect().contains(child->geometry()))
+                    << rawValue(module) << " " << child->metaObject()->className() << " "
+                    << child->accessibleName().toStdString();
+            }
+            for (const TextLabel* label : descendants<TextLabel>(detail)) {
+                if (!label->isVisible()) continue;
+                EXPECT_GE(label->height(), label->heightForWidth(label->width()))
+                    << label->text().toStdString();
+            }
+            for (const CheckBox* box : detail.metricsGrid().boxes()) {
+                EXPECT_GE(box->height(), box->heightForWidth(box->width()))
+                    << box->accessibleName().toStdString();
+            }
         }
     }
 }

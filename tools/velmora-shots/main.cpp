@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFontDatabase>
+#include <QLoggingCategory>
 
 #include <cstdio>
 
@@ -54,6 +55,19 @@ std::string kindName(ShotOptions::Kind kind) {
     return {};
 }
 
+/// Widgets are painted at the scale of their screen, images at the scale that they are asked for.
+bool showsWidgets(ShotOptions::Kind kind) {
+    switch (kind) {
+        case ShotOptions::Kind::styles:
+        case ShotOptions::Kind::squares:
+            return false;
+        case ShotOptions::Kind::panels:
+        case ShotOptions::Kind::settings:
+            return true;
+    }
+    return false;
+}
+
 int run(const ShotOptions& options) {
     if (options.font) {
         const QString family = QString::fromStdString(*options.font);
@@ -95,8 +109,9 @@ int main(int argumentCount, char** arguments) {
     }
     // The pictures are made in memory: no display is used, even where there is one.
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Widgets are painted at the scale of their screen; images are drawn at the scale that is asked for.
-    qputenv("QT_SCALE_FACTOR", QByteArray::number(options->scale));
+    if (velmora::showsWidgets(options->what)) qputenv("QT_SCALE_FACTOR", QByteArray::number(options->scale));
+    // Where there is no display, the toolkit says of each popup that it cannot grab the keyboard.
+    QLoggingCategory::setFilterRules(QStringLiteral("default.warning=false"));
     const QApplication application(argumentCount, arguments);
     return velmora::run(*options);
 }

@@ -36,8 +36,10 @@ void BarRowWidget::paintEvent(QPaintEvent*) {
     const RowGeometry::BarRowPlaces places =
         RowGeometry::barRow(width(), PanelText::width(kLabel, label), column);
     const double barHeight = std::min(Points::held(value().bar.height), static_cast<double>(height()));
-    PanelText::draw(painter, kLabel, label, QRectF(places.label.left, 0, places.label.width, height()),
-                    PanelText::Side::leading, Ink::secondary(scheme()));
+    // Some languages have no short word; it is read rather small than cut.
+    PanelText::draw(painter, PanelText::fitting(kLabel, label, places.label.width), label,
+                    QRectF(places.label.left, 0, places.label.width, height()), PanelText::Side::leading,
+                    Ink::secondary(scheme()));
     Shapes::bar(painter, QRectF(places.bar.left, (height() - barHeight) / 2, places.bar.width, barHeight),
                 value().bar.fraction, value().bar.tint, scheme());
     PanelText::draw(painter, kValue, figure, QRectF(places.value.left, 0, places.value.width, height()),

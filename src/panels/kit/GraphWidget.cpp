@@ -12,10 +12,14 @@ namespace velmora {
 
 GraphWidget::GraphWidget(const Graph& graph, std::function<void()> hoverChanged, Scheme scheme,
                          QWidget* parent)
-    : ViewWidget(scheme, parent), m_graph(graph), m_hoverChanged(std::move(hoverChanged)) {
-    auto* const tracker = new HoverTracker(*this);
-    tracker->onMove = [this](std::optional<QPointF> place) { pointerMoved(place); };
+    : ViewWidget(scheme, parent),
+      m_graph(graph),
+      m_hoverChanged(std::move(hoverChanged)),
+      m_tracker(std::make_unique<HoverTracker>(*this)) {
+    m_tracker->onMove = [this](std::optional<QPointF> place) { pointerMoved(place); };
 }
+
+GraphWidget::~GraphWidget() = default;
 
 int GraphWidget::heightForWidth(int) const {
     return std::visit([](const auto& graph) { return Points::whole(graph.height); }, m_graph.graph);

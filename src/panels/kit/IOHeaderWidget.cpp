@@ -15,6 +15,7 @@ namespace {
 
 constexpr PanelFont kTitle = {11, QFont::DemiBold};
 constexpr PanelFont kColumn = {10, QFont::Medium};
+constexpr double kGap = 8;
 
 }  // namespace
 
@@ -43,13 +44,26 @@ void IOHeaderWidget::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const RowGeometry::ProcessPlaces places =
         RowGeometry::processRow(width(), std::vector<double>(m_columns.size(), ProcessRowWidget::kBox));
-    PanelText::draw(painter, kTitle, PanelText::plain(m_title), QRectF(0, 0, places.name.right(), height()),
+    const QString title = PanelText::plain(m_title);
+    PanelText::draw(painter, kTitle, title, QRectF(0, 0, places.name.right(), height()),
                     PanelText::Side::leading, Series::primary);
-    for (std::size_t index = 0; index < m_columns.size(); ++index) {
-        const QString label = PanelText::plain(m_columns[index]);
-        const RowGeometry::Span box = places.values[index];
-        PanelText::draw(painter, PanelText::fitting(kColumn, label, box.width), label,
-                        QRectF(box.left, 0, box.width, height()), PanelText::Side::trailing,
+
+    std::vector<QString> labels;
+    std::vector<RowGeometry::Span> boxes = places.values;
+    for (const std::string& column : m_columns) labels.push_back(PanelText::plain(column));
+    if (!boxes.empty()) {
+        // What a short title leaves free is the first label's.
+        const double right = boxes.front().right();
+        boxes.front().left = std::min(boxes.front().left, PanelText::width(kTitle, title) + kGap);
+        boxes.front().width = right - boxes.front().left;
+    }
+    PanelFont font = kColumn;
+    for (std::size_t index = 0; index < labels.size(); ++index) {
+        font = PanelText::fitting(font, labels[index], boxes[index].width);
+    }
+    for (std::size_t index = 0; index < labels.size(); ++index) {
+        PanelText::draw(painter, font, labels[index],
+                        QRectF(boxes[index].left, 0, boxes[index].width, height()), PanelText::Side::trailing,
                         Ink::secondary(scheme()));
     }
 }

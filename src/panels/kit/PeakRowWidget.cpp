@@ -16,6 +16,18 @@ constexpr PanelFont kLabel = {10};
 constexpr PanelFont kValue = {10, QFont::Medium, DigitWidth::monospaced};
 constexpr double kSpacing = 5;
 
+/// Two pairs stand below the halves of a header of two rates, if their labels leave the figures enough room.
+std::vector<RowGeometry::Span> places(const std::vector<double>& labelWidths, double width) {
+    constexpr double kFigure = 54;
+    const std::vector<RowGeometry::Span> halves = RowGeometry::twoColumns(width);
+    const bool areTwo = labelWidths.size() == halves.size();
+    if (areTwo && std::ranges::max(labelWidths) + kSpacing + kFigure <= halves.front().width &&
+        halves.back().right() <= width) {
+        return halves;
+    }
+    return RowGeometry::labelledColumns(labelWidths, width, kSpacing);
+}
+
 }  // namespace
 
 int PeakRowWidget::heightForWidth(int) const {
@@ -40,7 +52,7 @@ void PeakRowWidget::paintEvent(QPaintEvent*) {
     for (const PeakRow::Item& item : value().items) {
         labelWidths.push_back(PanelText::width(kLabel, PanelText::plain(item.label)));
     }
-    const auto spans = RowGeometry::labelledColumns(labelWidths, width(), kSpacing);
+    const auto spans = places(labelWidths, width());
     for (std::size_t index = 0; index < spans.size(); ++index) {
         const QString label = PanelText::plain(value().items[index].label);
         const QString figure = PanelText::plain(value().items[index].value);

@@ -42,7 +42,7 @@ std::vector<Span> twoColumns(double width) {
 
 BarRowPlaces barRow(double width, double labelWidth, double valueWidth) {
     constexpr double kSpacing = 8;
-    const double texts = std::max(width * 3 / 4 - 2 * kSpacing, 0.0);
+    const double texts = std::max(width * 7 / 8 - 2 * kSpacing, 0.0);
     const double value = std::min(valueWidth, std::max(texts * 2 / 3, texts - labelWidth));
     const double label = std::min(labelWidth, texts - value);
     const double barLeft = label > 0 ? label + kSpacing : 0;

@@ -36,7 +36,7 @@ struct BarRowPlaces {
     Span bar;
     Span value;
 };
-/// The bar keeps a quarter of the row before label and figure get more than that.
+/// The bar keeps an eighth of the row before label and figure get more than that.
 BarRowPlaces barRow(double width, double labelWidth, double valueWidth);
 
 /// A process's icon and name, and its figures in boxes at the right edge.

@@ -33,6 +33,8 @@ PillMenu::PillMenu(QWidget* owner, std::function<void(int)> pick) : QMenu(owner)
     // With a compositor the corners are smooth; without one, the mask below leaves them out.
     setAttribute(Qt::WA_TranslucentBackground);
     setWindowFlag(Qt::NoDropShadowWindowHint);
+    // A change of scheme comes with the palette, which a window does not take over by itself.
+    setAttribute(Qt::WA_WindowPropagation);
     // The click that closes the menu does nothing else: on the pill it would open the menu again.
     setAttribute(Qt::WA_NoMouseReplay);
 }

@@ -119,10 +119,15 @@ void paintGround(QPainter& painter, const QStyleOption& option, const QWidget* m
     const Scheme scheme = schemeOf(menu);
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(Ink::primary(scheme, 0.14));
+    // The ground reaches under the line: without a compositor, what lies behind the window shows black.
+    const QRectF bounds(option.rect);
+    painter.setPen(Qt::NoPen);
     painter.setBrush(ground(scheme));
+    painter.drawRoundedRect(bounds, PillMenuStyle::kCornerRadius, PillMenuStyle::kCornerRadius);
     const double radius = PillMenuStyle::kCornerRadius - 0.5;
-    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
+    painter.setPen(Ink::primary(scheme, 0.14));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(bounds.adjusted(0.5, 0.5, -0.5, -0.5), radius, radius);
     painter.restore();
 }
 

@@ -1,4 +1,5 @@
 #include "base/FormatText.h"
+#include "panels/kit/IOHeaderWidget.h"
 #include "panels/kit/IOProcessCardWidget.h"
 #include "panels/kit/KitFixture.h"
 #include "panels/kit/PanelText.h"
@@ -172,6 +173,30 @@ TEST_F(ProcessCardTest, RatesStandInTheirColumns) {
     ASSERT_EQ(rows.size(), 5U);
     EXPECT_EQ(rows[0]->content()->figures, (std::vector<std::string>{"12K", "—"}));
     EXPECT_EQ(rows[0]->height(), 17);
+}
+
+TEST_F(ProcessCardTest, FirstColumnsLabelUsesWhatTheTitleLeaves) {
+    const auto header = [](const char* title, const char* first) {
+        IOHeaderWidget widget(Scheme::dark, nullptr);
+        widget.setTexts(title, {first, "Up"});
+        widget.setPlace({0, 0, 268, widget.heightForWidth(268)});
+        return pictureOf(widget);
+    };
+    // The box begins at 174; a label that is too wide for it is neither cut nor smaller.
+    const QImage longLabel = header("", "WWWWWWWW");
+    EXPECT_FALSE(isEmpty(longLabel.copy(130, 0, 44, longLabel.height())));
+    EXPECT_EQ(longLabel.copy(219, 0, 49, longLabel.height()),
+              header("", "Down").copy(219, 0, 49, longLabel.height()));
+}
+
+TEST_F(ProcessCardTest, LabelsOfColumnsHaveOneSize) {
+    const auto second = [](const std::string& first) {
+        IOHeaderWidget widget(Scheme::dark, nullptr);
+        widget.setTexts("Processes", {first, "Up"});
+        widget.setPlace({0, 0, 268, widget.heightForWidth(268)});
+        return pictureOf(widget).copy(219, 0, 49, widget.height());
+    };
+    EXPECT_NE(second(std::string(200, 'W')), second("Down"));
 }
 
 TEST_F(ProcessCardTest, FigureNeverLeavesItsColumn) {

@@ -86,11 +86,11 @@ TEST(BarRow, BarFillsTheRoomBetweenLabelAndFigure) {
     EXPECT_DOUBLE_EQ(places.value.right(), 268);
 }
 
-TEST(BarRow, LongTextsLeaveAQuarterToTheBar) {
+TEST(BarRow, LongTextsLeaveAnEighthToTheBar) {
     for (const double label : {10.0, 500.0}) {
         for (const double value : {10.0, 500.0}) {
             const auto places = RowGeometry::barRow(240, label, value);
-            EXPECT_GE(places.bar.width, 60 - 1e-9);
+            EXPECT_GE(places.bar.width, 30 - 1e-9);
             EXPECT_LE(places.label.right() + 8, places.bar.left + 1e-9);
             EXPECT_LE(places.bar.right() + 8, places.value.left + 1e-9);
         }

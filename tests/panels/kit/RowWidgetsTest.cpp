@@ -135,6 +135,14 @@ TEST(PeakRow, LabelsStayWhateverTheFigures) {
     EXPECT_EQ(secondLabel(kLong.c_str()), secondLabel("0"));
 }
 
+TEST(PeakRow, TwoPairsStandBelowTheHalvesOfARateHeader) {
+    for (const char* label : {"Peak", "Write"}) {
+        const QImage picture = painted<PeakRowWidget>(PeakRow{{{"Read", "1 MB/s"}, {label, "2 MB/s"}}});
+        EXPECT_TRUE(isEmpty(picture.copy(129, 0, 10, picture.height()))) << label;
+        EXPECT_FALSE(isEmpty(picture.copy(139, 0, 3, picture.height()))) << label;
+    }
+}
+
 TEST(PeakRow, WithoutItemsItTakesNoRoom) {
     const PeakRowWidget row({}, Scheme::dark, nullptr);
     EXPECT_EQ(row.heightForWidth(kWidth), 0);

@@ -2,6 +2,7 @@
 
 #include "settings/Descendants.h"
 #include "settings/Input.h"
+#include "settings/PaintCounter.h"
 #include "settings/controls/PillMenu.h"
 #include "settings/controls/PulldownPill.h"
 #include "settings/controls/SettingsScheme.h"
@@ -292,6 +293,13 @@ TEST_F(VMDropdownTest, MenuIsDrawnInTheSchemeOfItsWindow) {
     const QPoint ground(dark.width() - 12, dark.height() / 2);
     EXPECT_LT(dark.pixelColor(ground).lightness(), 80);
     EXPECT_GT(light.pixelColor(ground).lightness(), 200);
+}
+
+TEST_F(VMDropdownTest, ChangeOfSchemeRepaintsAnOpenMenuAtOnce) {
+    setScheme(window, Scheme::light);
+    const PaintCounter paints(open());
+    setScheme(window, Scheme::dark);
+    EXPECT_GT(paints.count(), 0);
 }
 
 }  // namespace
