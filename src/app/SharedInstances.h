@@ -1,8 +1,8 @@
 #pragma once
 
 #include "base/Published.h"
-#include "model/StatsModule.h"
 #include "look/Scheme.h"
+#include "model/StatsModule.h"
 #include "platform/Platform.h"
 
 namespace velmora {

@@ -13,10 +13,4 @@ public:
     virtual void toggle(StatsModule module, const Anchor& anchor) = 0;
 };
 
-/// Has no panels.
-class EmptyPanelHost final : public PanelHost {
-public:
-    void toggle(StatsModule, const Anchor&) override {}
-};
-
 }  // namespace velmora

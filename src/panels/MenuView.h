@@ -6,8 +6,8 @@
 
 namespace velmora {
 
-/// The content of one open panel: made when the panel opens, with its timer and its sampler, and gone with it.
-/// Main thread only.
+/// The content of one open panel: made when the panel opens, with its timer and its sampler, and gone with
+/// it. Main thread only.
 class MenuView {
 public:
     virtual ~MenuView() = default;

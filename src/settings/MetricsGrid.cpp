@@ -18,7 +18,7 @@ constexpr int kLabelSize = 12;
 
 }  // namespace
 
-MetricsGrid::MetricsGrid(StatsModule module, std::function<void(const std::string&, bool)> toggle,
+MetricsGrid::MetricsGrid(StatsModule module, const std::function<void(const std::string&, bool)>& toggle,
                          QWidget* parent)
     : QWidget(parent), m_module(module) {
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);

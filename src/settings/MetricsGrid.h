@@ -18,7 +18,7 @@ class L10n;
 /// The check boxes of a module's hideable metrics, in two columns, row by row.
 class MetricsGrid final : public QWidget {
 public:
-    MetricsGrid(StatsModule module, std::function<void(const std::string& key, bool visible)> toggle,
+    MetricsGrid(StatsModule module, const std::function<void(const std::string& key, bool visible)>& toggle,
                 QWidget* parent = nullptr);
 
     void retext(const L10n& l10n);

@@ -173,12 +173,14 @@ void ModuleDetail::retext() {
     m_footer->setText(words("mod.footer"));
 
     std::vector<VMDropdown::Option> styles;
+    styles.reserve(kAllStyles.size());
     for (const ModuleStyle style : kAllStyles) {
         const std::string raw(rawValue(style));
         styles.push_back({raw, std::string(words("style." + raw))});
     }
     m_style->setOptions(std::move(styles));
     std::vector<VMDropdown::Option> intervals;
+    intervals.reserve(ModuleChoices::kIntervals.size());
     for (const double seconds : ModuleChoices::kIntervals) {
         intervals.push_back({ModuleChoices::intervalValue(seconds), ModuleChoices::intervalTitle(seconds)});
     }

@@ -27,7 +27,8 @@ public:
 
     /// The sizes of compressed swap: one small file per device.
     void addZramDevices() {
-        for (int number = 0; add(("/sys/block/zram" + std::to_string(number) + "/mm_stat").c_str()); ++number) {
+        for (int number = 0; add(("/sys/block/zram" + std::to_string(number) + "/mm_stat").c_str());
+             ++number) {
         }
     }
 

@@ -109,7 +109,8 @@ std::vector<std::string> GraphicsCards::xeIdleCounters(const std::string& card) 
         if (!tile.starts_with("tile")) continue;
         const std::string folder = formatText("%s/device/%s/", {card, tile});
         for (const std::string& name : systemFolderEntries(folder)) {
-            if (name.starts_with("gt")) counters.push_back(formatText("%s%s/gtidle/idle_residency_ms", {folder, name}));
+            if (name.starts_with("gt"))
+                counters.push_back(formatText("%s%s/gtidle/idle_residency_ms", {folder, name}));
         }
     }
     return counters;

@@ -7,8 +7,8 @@
 namespace velmora {
 namespace {
 
-/// Whether a line is worth a closer look: two words told apart by one comparison each, for some 150 lines that
-/// are of no use stand before the last that is.
+/// Whether a line is worth a closer look: two words told apart by one comparison each, for some 150 lines
+/// that are of no use stand before the last that is.
 bool mayBeOfUse(std::string_view line) {
     constexpr std::size_t kWord = 4;
     return line.size() > kWord &&
