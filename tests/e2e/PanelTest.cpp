@@ -1,6 +1,7 @@
 // Panels of the real program, opened by real clicks, seen as a screen reader and as the eye see them.
 
 #include "AccessibleTree.h"
+#include "PortalSettings.h"
 #include "RunningProgram.h"
 #include "ScreenPicture.h"
 #include "TrayHost.h"
@@ -241,14 +242,16 @@ TEST_F(PanelTest, AClickOnAnotherItemOpensItsPanelInstead) {
     EXPECT_TRUE(waitForPanel("Memory"));
 }
 
-TEST_F(PanelTest, TheDesktopsSchemeIsFollowedFromTheStart) {
+TEST_F(PanelTest, TheDesktopsSchemeIsFollowedWhileThePanelIsOpen) {
+    PortalSettings portal(session.busAddress(), PortalSettings::Preference::dark);
     const RunningProgram program(session, {}, accessibilityOn());
     waitForItems();
     click(cell("CPU").center());
     ASSERT_TRUE(waitForPanel("CPU"));
-    // Without a portal the toolkit's own windows decide, which are light here.
     const QRect window = tree.extents(panel().value());
     const QRect ground(window.left() + 150, window.top() + 2, 1, 1);
+    EXPECT_TRUE(waitUntil([&] { return picture(ground).pixelColor(0, 0) == QColor(42, 42, 45); }));
+    portal.set(PortalSettings::Preference::light);
     EXPECT_TRUE(waitUntil([&] { return picture(ground).pixelColor(0, 0) == QColor(Qt::white); }));
 }
 

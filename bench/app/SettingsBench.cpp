@@ -1,7 +1,7 @@
 // From the desktop's request for the settings to the painted window: the real program on a virtual display
 // with a session bus of its own, asked and watched from outside. It is opened anew each time.
 
-#include "app/VirtualDisplay.h"
+#include "VirtualDisplay.h"
 
 #include <benchmark/benchmark.h>
 
