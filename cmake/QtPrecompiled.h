@@ -1,5 +1,12 @@
-// What the rooms with Qt add.
+// What nearly every file of the rooms with Qt adds.
 #include "Precompiled.h"
 
-#include <QtCore/QtCore>
-#include <QtGui/QtGui>
+#include <QColor>
+#include <QCoreApplication>
+#include <QImage>
+#include <QObject>
+#include <QPainter>
+#include <QString>
+#include <QStringList>
+#include <QTimer>
+#include <QVariantMap>
