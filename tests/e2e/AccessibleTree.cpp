@@ -16,7 +16,8 @@ QDBusMessage ask(const QDBusConnection& bus, const AccessibleObject& object, con
                  const char* method, const QVariantList& arguments = {}) {
     QDBusMessage call = QDBusMessage::createMethodCall(object.service, object.path, interface, method);
     call.setArguments(arguments);
-    return bus.call(call, QDBus::BlockWithGui, kTimeoutMs);
+    // Not with an event loop of its own: that one never ends if the answer comes before it has begun.
+    return bus.call(call, QDBus::Block, kTimeoutMs);
 }
 
 /// The session bus starts the launcher of the accessibility bus at the first question.

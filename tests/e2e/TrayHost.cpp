@@ -1,8 +1,11 @@
 #include "TrayHost.h"
 
+#include "PrivateSession.h"
+
 #include <QDBusArgument>
 #include <QDBusConnectionInterface>
 #include <QDBusMessage>
+#include <QDBusPendingCall>
 #include <QDBusVariant>
 #include <QtEndian>
 
@@ -13,6 +16,15 @@ constexpr auto kItemPath = "/StatusNotifierItem";
 constexpr auto kItemInterface = "org.kde.StatusNotifierItem";
 constexpr auto kMenuPath = "/MenuBar";
 constexpr auto kMenuInterface = "com.canonical.dbusmenu";
+
+/// Waits while this host goes on serving what the program asks of it. The toolkit's own way of waiting so
+/// never ends if the answer comes before it has begun.
+QDBusMessage answer(const QDBusConnection& bus, const QDBusMessage& call) {
+    constexpr int kTimeoutMs = 5000;
+    const QDBusPendingCall pending = QDBusConnection(bus).asyncCall(call, kTimeoutMs);
+    waitUntil([&] { return pending.isFinished(); });
+    return pending.reply();
+}
 
 struct MenuEntry {
     int id = 0;
@@ -72,7 +84,7 @@ QVariant TrayHost::property(const QString& item, const char* name) const {
     QDBusMessage call =
         QDBusMessage::createMethodCall(item, kItemPath, "org.freedesktop.DBus.Properties", "Get");
     call.setArguments({QString(kItemInterface), QString(name)});
-    const QDBusMessage reply = m_bus.call(call, QDBus::BlockWithGui, 5000);
+    const QDBusMessage reply = answer(m_bus, call);
     if (reply.type() != QDBusMessage::ReplyMessage || reply.arguments().isEmpty()) return {};
     return reply.arguments().first().value<QDBusVariant>().variant();
 }
@@ -123,13 +135,13 @@ int TrayHost::newIconCount(const QString& item) const {
 void TrayHost::activate(const QString& item, int x, int y) const {
     QDBusMessage call = QDBusMessage::createMethodCall(item, kItemPath, kItemInterface, "Activate");
     call.setArguments({x, y});
-    m_bus.call(call, QDBus::BlockWithGui, 5000);
+    answer(m_bus, call);
 }
 
 QVariantList TrayHost::menuLayout(const QString& item) const {
     QDBusMessage call = QDBusMessage::createMethodCall(item, kMenuPath, kMenuInterface, "GetLayout");
     call.setArguments({0, -1, QStringList()});
-    const QDBusMessage reply = m_bus.call(call, QDBus::BlockWithGui, 5000);
+    const QDBusMessage reply = answer(m_bus, call);
     if (reply.arguments().size() != 2) return {};
     const auto root = reply.arguments().at(1).value<QDBusArgument>();
     int id = 0;
