@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kGermanEntries = {
+constinit const LocalizationEntries kGermanEntries = {
     {"menu.settings", "Einstellungen …"},
     {"menu.check_updates", "Nach Updates suchen …"},
     {"menu.about", "Über Velmora"},

@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kEnglishEntries = {
+constinit const LocalizationEntries kEnglishEntries = {
     {"menu.settings", "Settings…"},
     {"menu.check_updates", "Check for Updates…"},
     {"menu.about", "About Velmora"},

@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kSpanishEntries = {
+constinit const LocalizationEntries kSpanishEntries = {
     {"menu.settings", "Ajustes…"},
     {"menu.check_updates", "Buscar actualizaciones…"},
     {"menu.about", "Acerca de Velmora"},

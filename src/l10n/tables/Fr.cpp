@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kFrenchEntries = {
+constinit const LocalizationEntries kFrenchEntries = {
     {"menu.settings", "Paramètres…"},
     {"menu.check_updates", "Rechercher les mises à jour…"},
     {"menu.about", "À propos de Velmora"},

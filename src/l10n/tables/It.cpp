@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kItalianEntries = {
+constinit const LocalizationEntries kItalianEntries = {
     {"menu.settings", "Impostazioni…"},
     {"menu.check_updates", "Verifica aggiornamenti…"},
     {"menu.about", "Informazioni su Velmora"},

@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kJapaneseEntries = {
+constinit const LocalizationEntries kJapaneseEntries = {
     {"menu.settings", "設定…"},
     {"menu.check_updates", "アップデートを確認…"},
     {"menu.about", "Velmoraについて"},

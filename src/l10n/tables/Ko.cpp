@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kKoreanEntries = {
+constinit const LocalizationEntries kKoreanEntries = {
     {"menu.settings", "설정…"},
     {"menu.check_updates", "업데이트 확인…"},
     {"menu.about", "Velmora 정보"},

@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kDutchEntries = {
+constinit const LocalizationEntries kDutchEntries = {
     {"menu.settings", "Instellingen…"},
     {"menu.check_updates", "Controleren op updates…"},
     {"menu.about", "Over Velmora"},

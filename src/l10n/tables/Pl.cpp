@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kPolishEntries = {
+constinit const LocalizationEntries kPolishEntries = {
     {"menu.settings", "Ustawienia…"},
     {"menu.check_updates", "Sprawdź aktualizacje…"},
     {"menu.about", "O aplikacji Velmora"},

@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kBrazilianPortugueseEntries = {
+constinit const LocalizationEntries kBrazilianPortugueseEntries = {
     {"menu.settings", "Configurações…"},
     {"menu.check_updates", "Verificar atualizações…"},
     {"menu.about", "Sobre o Velmora"},

@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kRussianEntries = {
+constinit const LocalizationEntries kRussianEntries = {
     {"menu.settings", "Настройки…"},
     {"menu.check_updates", "Проверить обновления…"},
     {"menu.about", "О программе Velmora"},

@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kTurkishEntries = {
+constinit const LocalizationEntries kTurkishEntries = {
     {"menu.settings", "Ayarlar…"},
     {"menu.check_updates", "Güncellemeleri denetle…"},
     {"menu.about", "Velmora hakkında"},

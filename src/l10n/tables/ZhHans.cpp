@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kSimplifiedChineseEntries = {
+constinit const LocalizationEntries kSimplifiedChineseEntries = {
     {"menu.settings", "设置…"},
     {"menu.check_updates", "检查更新…"},
     {"menu.about", "关于 Velmora"},

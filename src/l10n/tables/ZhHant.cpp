@@ -2,7 +2,7 @@
 
 namespace velmora {
 
-const LocalizationEntries kTraditionalChineseEntries = {
+constinit const LocalizationEntries kTraditionalChineseEntries = {
     {"menu.settings", "設定…"},
     {"menu.check_updates", "檢查更新…"},
     {"menu.about", "關於 Velmora"},
