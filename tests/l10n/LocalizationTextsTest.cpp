@@ -234,6 +234,7 @@ std::vector<SameAsEnglish> sameAsEnglish() {
         {"metric.volumes", {fr, nl, ptBR}, "the plural of volume is spelt the same"},
         {"tab.general", {es}, "the Spanish word is spelt the same"},
         {"mod.color", {es}, "the Spanish word is spelt the same"},
+        {"mem.wired", {it}, "system monitors use the English term"},
         {"mem.swap", {it, ptBR}, "system monitors use the English term"},
         {"metric.swap", {it, ptBR}, "system monitors use the English term"},
         {"mod.style", {fr}, "the French word is the same"},
