@@ -19,6 +19,7 @@
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QShortcut>
+#include <QWindow>
 
 namespace velmora {
 namespace {
@@ -263,6 +264,29 @@ TEST_F(SettingsWindowControllerTest, OnASmallScreenAChangeOfTabStaysOnTheScreen)
     select(SettingsTab::modules);
     select(SettingsTab::about);
     EXPECT_TRUE(screenNamed("small").availableGeometry().contains(window.frameGeometry()));
+}
+
+TEST_F(SettingsWindowControllerTest, AChangeOfPixelRatioWhileOpenDrawsEveryPageAsOpenedThere) {
+    for (const SettingsTab tab : {SettingsTab::modules, SettingsTab::general, SettingsTab::about}) {
+        house.router.selectedTab.set(tab);
+        SettingsWindow& moved = shown();
+        ASSERT_EQ(moved.devicePixelRatioF(), 1);
+        const QImage before = moved.grab().toImage();
+        moved.windowHandle()->setScreen(const_cast<QScreen*>(&screenNamed("dense")));
+        settle();
+        ASSERT_EQ(moved.devicePixelRatioF(), 2);
+        const QImage after = moved.grab().toImage();
+        EXPECT_EQ(after.size(), before.size() * 2) << "the same points, in twice the pixels";
+        moved.close();
+        settle();
+
+        const PointerAt onDense(screenNamed("dense"));
+        SettingsWindow& opened = shown();
+        ASSERT_EQ(opened.devicePixelRatioF(), 2);
+        EXPECT_EQ(after, opened.grab().toImage()) << "nothing is left of the coarser pictures";
+        opened.close();
+        settle();
+    }
 }
 
 TEST_F(SettingsWindowControllerTest, AWindowOfAHandfulOfPointsScrollsBothWays) {

@@ -5,12 +5,14 @@
 
 namespace {
 
-/// A usual screen, and a small one to its right.
+/// A usual screen, a small one to its right, and one of twice the pixels.
 constexpr auto kScreens = R"({"screens": [
     {"name": "usual", "x": 0, "y": 0, "width": 1440, "height": 900,
      "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
     {"name": "small", "x": 1440, "y": 0, "width": 640, "height": 400,
-     "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1}]})";
+     "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 1},
+    {"name": "dense", "x": 2080, "y": 0, "width": 1440, "height": 900,
+     "logicalDpi": 96, "logicalBaseDpi": 96, "dpr": 2}]})";
 
 }  // namespace
 
