@@ -37,7 +37,7 @@ constexpr ByteForm polishForm(int count) {
 constexpr ByteStyle kJapanese = {
     .decimalSeparator = ".",
     .zero = "ゼロ KB",
-    .byteGap = "",
+    .byteGap = " ",
     .byteNames = {"バイト", "バイト", "バイト"},
     .byteForm = onlyForm,
     .unitGap = " ",

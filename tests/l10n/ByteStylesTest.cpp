@@ -45,7 +45,7 @@ TEST(ByteStyles, EnglishLadder) {
 }
 TEST(ByteStyles, JapaneseLadder) {
     EXPECT_EQ(ladder(ja),
-              (Texts{"ゼロ KB", "1バイト", "2バイト", "5バイト", "512バイト", "1 KB", "1.5 MB", "2.25 GB"}));
+              (Texts{"ゼロ KB", "1 バイト", "2 バイト", "5 バイト", "512 バイト", "1 KB", "1.5 MB", "2.25 GB"}));
 }
 TEST(ByteStyles, KoreanLadder) {
     EXPECT_EQ(ladder(ko),

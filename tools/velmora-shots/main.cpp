@@ -69,6 +69,7 @@ bool showsWidgets(ShotOptions::Kind kind) {
 }
 
 int run(const ShotOptions& options) {
+    SystemFont::setLanguage(options.language);
     if (options.font) {
         const QString family = QString::fromStdString(*options.font);
         if (!QFontDatabase::hasFamily(family)) {

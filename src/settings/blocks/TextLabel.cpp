@@ -35,7 +35,7 @@ QColor ink(InkRank rank, Scheme scheme) {
 
 TextLabel::TextLabel(const Style& style, QWidget* parent) : QLabel(parent), m_style(style) {
     setTextFormat(Qt::PlainText);
-    setFont(SystemFont::ofPixelSize(style.size, style.weight));
+    followSystemFont();
     QSizePolicy policy(QSizePolicy::Preferred, QSizePolicy::Preferred);
     policy.setHeightForWidth(hasHeightForWidth());
     setSizePolicy(policy);
@@ -43,10 +43,18 @@ TextLabel::TextLabel(const Style& style, QWidget* parent) : QLabel(parent), m_st
 
 void TextLabel::setWords(std::string_view words) {
     const QString text = QString::fromUtf8(words.data(), static_cast<qsizetype>(words.size()));
-    if (text == this->text()) return;
+    // Other words may be those of another language, which may have another font.
+    if (!followSystemFont() && text == this->text()) return;
     setText(text);
     updateGeometry();
     update();
+}
+
+bool TextLabel::followSystemFont() {
+    if (m_fontGeneration == SystemFont::generation()) return false;
+    m_fontGeneration = SystemFont::generation();
+    setFont(SystemFont::ofPixelSize(m_style.size, m_style.weight));
+    return true;
 }
 
 void TextLabel::setTint(std::optional<QColor> tint) {
@@ -56,7 +64,8 @@ void TextLabel::setTint(std::optional<QColor> tint) {
 
 QSize TextLabel::sizeHint() const {
     const int width = WrappedText::naturalWidth(text(), font());
-    return {width, static_cast<int>(WrappedText::size(text(), font(), width).height())};
+    const QString& laidOut = m_style.fit == TextFit::wrap ? text() : QString();
+    return {width, static_cast<int>(WrappedText::size(laidOut, font(), width).height())};
 }
 
 QSize TextLabel::minimumSizeHint() const {

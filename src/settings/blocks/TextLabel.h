@@ -42,7 +42,11 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    /// True if it has another font now.
+    bool followSystemFont();
+
     Style m_style;
+    std::optional<unsigned> m_fontGeneration;
 };
 
 }  // namespace velmora

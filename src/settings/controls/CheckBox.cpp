@@ -8,7 +8,6 @@
 #include "settings/controls/PillTheme.h"
 #include "settings/controls/WrappedText.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 
 #include <algorithm>
@@ -41,7 +40,7 @@ void CheckBox::setLabel(const QString& label) {
 }
 
 double CheckBox::lineHeight() const {
-    return QFontMetricsF(SystemFont::ofPixelSize(m_labelSize, QFont::Normal)).height();
+    return SystemFont::lineExtent(SystemFont::ofPixelSize(m_labelSize, QFont::Normal)).height();
 }
 
 QRectF CheckBox::boxFrame() const {

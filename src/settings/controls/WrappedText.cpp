@@ -1,6 +1,7 @@
 #include "settings/controls/WrappedText.h"
 
-#include <QFontMetricsF>
+#include "look/SystemFont.h"
+
 #include <QPainter>
 #include <QTextLayout>
 #include <QTextOption>
@@ -17,13 +18,15 @@ QSizeF layOut(QTextLayout& layout, double width, Qt::Alignment alignment) {
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     layout.setTextOption(option);
     layout.setCacheEnabled(true);
+    const SystemFont::LineExtent least = SystemFont::lineExtent(layout.font());
     double height = 0;
     double widest = 0;
     layout.beginLayout();
     for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
         line.setLineWidth(std::max(width, 1.0));
-        line.setPosition(QPointF(0, height));
-        height += line.height();
+        const double ascent = std::max(line.ascent(), least.ascent);
+        line.setPosition(QPointF(0, height + ascent - line.ascent()));
+        height += ascent + std::max(line.descent(), least.descent);
         widest = std::max(widest, line.naturalTextWidth());
     }
     layout.endLayout();
@@ -35,14 +38,18 @@ QSizeF layOut(QTextLayout& layout, double width, Qt::Alignment alignment) {
 QSizeF size(const QString& text, const QFont& font, double width) {
     QTextLayout layout(text, font);
     const QSizeF size = layOut(layout, width, Qt::AlignLeft);
-    return {std::ceil(size.width()), std::ceil(std::max(size.height(), QFontMetricsF(font).height()))};
+    return {std::ceil(size.width()),
+            std::ceil(std::max(size.height(), SystemFont::lineExtent(font).height()))};
 }
 
 int naturalWidth(const QString& text, const QFont& font) {
+    // Wider than any text that is shown.
+    constexpr double kUnbroken = 1e6;
     // A little more than the glyphs, so that a line of exactly this width never wraps for a rounded fraction.
     constexpr double kSlack = 0.5;
-    return text.isEmpty() ? 0
-                          : static_cast<int>(std::ceil(QFontMetricsF(font).horizontalAdvance(text) + kSlack));
+    if (text.isEmpty()) return 0;
+    QTextLayout layout(text, font);
+    return static_cast<int>(std::ceil(layOut(layout, kUnbroken, Qt::AlignLeft).width() + kSlack));
 }
 
 void draw(QPainter& painter, const QString& text, const QFont& font, const QColor& color, const QRectF& box,

@@ -31,6 +31,18 @@ TEST(WrappedTextTest, TextInItsNaturalWidthIsOneLine) {
     }
 }
 
+TEST(WrappedTextTest, WordOfCombinedLettersIsOneLineInItsNaturalWidthAtEveryWeight) {
+    for (const QFont::Weight weight : {QFont::Normal, QFont::Medium, QFont::DemiBold, QFont::Bold}) {
+        for (int size = 9; size <= 22; ++size) {
+            const QFont asked = SystemFont::ofPixelSize(size, weight);
+            const QString text = QStringLiteral("Moduły");
+            EXPECT_EQ(WrappedText::size(text, asked, WrappedText::naturalWidth(text, asked)).height(),
+                      WrappedText::size(QString(), asked, 100).height())
+                << size << " " << weight;
+        }
+    }
+}
+
 TEST(WrappedTextTest, NarrowerPlaceGivesMoreLinesThatFit) {
     const QString text =
         QStringLiteral("Diagnostics only — no personal data. You can turn this off anytime.");
@@ -53,6 +65,14 @@ TEST(WrappedTextTest, WordWiderThanTheLineBreaksInside) {
 TEST(WrappedTextTest, EmptyTextKeepsTheHeightOfALine) {
     EXPECT_EQ(WrappedText::size(QString(), font(), 100).height(), line());
     EXPECT_EQ(WrappedText::naturalWidth(QString(), font()), 0);
+}
+
+TEST(WrappedTextTest, LatinTextStandsAsHighAsTheLanguagesOwn) {
+    SystemFont::setLanguage(AppLanguage::ja);
+    const QFont japanese = SystemFont::ofPixelSize(22, QFont::Bold);
+    EXPECT_EQ(WrappedText::size(QStringLiteral("CPU"), japanese, 300).height(),
+              WrappedText::size(QStringLiteral("メモリ"), japanese, 300).height());
+    SystemFont::setLanguage(AppLanguage::en);
 }
 
 TEST(WrappedTextTest, NoWidthDoesNoHarm) {
