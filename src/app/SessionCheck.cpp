@@ -20,13 +20,6 @@ std::string_view variable(const char* name) {
     return value ? value : "";
 }
 
-bool xServerAnswers() {
-    xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-    const bool answers = xcb_connection_has_error(connection) == 0;
-    xcb_disconnect(connection);
-    return answers;
-}
-
 /// Somebody listens on the compositor's socket.
 bool waylandServerAnswers() {
     // A descriptor that was handed over is connected already.
@@ -55,7 +48,18 @@ void chooseWindowingBackend() {
     setenv("QT_QPA_PLATFORM", variable("DISPLAY").empty() ? "wayland" : "xcb", 1);
 }
 
-std::optional<std::string> displayProblem() {
+DisplayCheck::DisplayCheck() : m_problem(ask()) {}
+
+void DisplayCheck::Disconnect::operator()(xcb_connection_t* connection) const {
+    xcb_disconnect(connection);
+}
+
+bool DisplayCheck::xServerAnswers() {
+    m_connection.reset(xcb_connect(nullptr, nullptr));
+    return xcb_connection_has_error(m_connection.get()) == 0;
+}
+
+std::optional<std::string> DisplayCheck::ask() {
     const std::string_view backend = variable("QT_QPA_PLATFORM");
     if (backend.starts_with("wayland")) {
         if (variable("WAYLAND_DISPLAY").empty()) return "there is no display: WAYLAND_DISPLAY is not set";

@@ -8,6 +8,7 @@
 #include "app/SessionCheck.h"
 #include "app/SharedInstances.h"
 #include "app/SingleInstance.h"
+#include "app/StoredLanguage.h"
 #include "app/TerminationSignals.h"
 #include "app/VisibilityGuard.h"
 #include "core/AppSettings.h"
@@ -42,18 +43,6 @@ std::vector<std::string> urlArguments(int argumentCount, char** arguments, const
         }
     }
     return urls;
-}
-
-/// Comes before anything asks for a translated text, so that the toolkit itself starts in the chosen
-/// language.
-void applyStoredLanguage(Defaults& defaults, LanguageEnvironment& environment) {
-    const auto code = defaults.text("languageCode");
-    if (code) {
-        defaults.setTextArray("AppleLanguages", {*code});
-    } else {
-        defaults.remove("AppleLanguages");
-    }
-    environment.choose(code && languageFromRawValue(*code) ? code : std::nullopt);
 }
 
 /// Brings the settings window to the front, on the given tab or on the one that is selected.
@@ -105,7 +94,8 @@ int run(int argumentCount, char** arguments) {
     const std::vector<std::string> urls = urlArguments(argumentCount, arguments, *platform.bundle);
     if (!urls.empty() && ApplicationService::forward(urls)) return 0;
 
-    if (const auto problem = SessionCheck::displayProblem()) {
+    std::optional<SessionCheck::DisplayCheck> display(std::in_place);
+    if (const auto& problem = display->problem()) {
         std::fputs(("velmora: " + *problem + "\n").c_str(), stderr);
         return 1;
     }
@@ -117,6 +107,7 @@ int run(int argumentCount, char** arguments) {
     const TerminationSignals terminationSignals(*platform.runLoop, [] { QApplication::quit(); });
 
     QApplication application(argumentCount, arguments);
+    display.reset();
     installPanelAccessibility();
     QApplication::setApplicationName("velmora");
     QApplication::setApplicationDisplayName("Velmora");
@@ -126,6 +117,8 @@ int run(int argumentCount, char** arguments) {
         std::fputs("velmora: no fonts are installed, so no text can be shown\n", stderr);
     }
     Toolkit toolkit = addToolkit(platform);
+    // Before any view hears of another language and asks for its font.
+    Subscription fontFollowing = L10n::shared().language().subscribe(SystemFont::setLanguage);
     Subscription schemeFollowing =
         toolkit.interfaceScheme->scheme().subscribe([](Scheme scheme) { sharedScheme().set(scheme); });
 
@@ -162,6 +155,7 @@ int run(int argumentCount, char** arguments) {
     visibilityGuard.reset();
     SettingsWindowController::shared().dropWindow();
     schemeFollowing.reset();
+    fontFollowing.reset();
     toolkit = {};
     endPlatform(platform);
     return status;

@@ -71,20 +71,20 @@ TEST_F(SessionCheckTest, WithoutWaylandTheToolkitChooses) {
 }
 
 TEST_F(SessionCheckTest, NoDisplayAtAllIsAProblem) {
-    EXPECT_EQ(SessionCheck::displayProblem(),
+    EXPECT_EQ(SessionCheck::DisplayCheck().problem(),
               "there is no display: neither DISPLAY nor WAYLAND_DISPLAY is set");
 }
 
 TEST_F(SessionCheckTest, BackendWithoutADisplayHasNoProblem) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
-    EXPECT_EQ(SessionCheck::displayProblem(), std::nullopt);
+    EXPECT_EQ(SessionCheck::DisplayCheck().problem(), std::nullopt);
 }
 
 TEST_F(SessionCheckTest, WaylandDisplayOfAnEndedSessionIsAProblem) {
     qputenv("XDG_RUNTIME_DIR", m_folder.path().toUtf8());
     qputenv("WAYLAND_DISPLAY", "wayland-7");
     SessionCheck::chooseWindowingBackend();
-    EXPECT_EQ(SessionCheck::displayProblem(), "the display wayland-7 does not answer");
+    EXPECT_EQ(SessionCheck::DisplayCheck().problem(), "the display wayland-7 does not answer");
 }
 
 TEST_F(SessionCheckTest, WaylandDisplayThatListensHasNoProblem) {
@@ -100,7 +100,7 @@ TEST_F(SessionCheckTest, WaylandDisplayThatListensHasNoProblem) {
     for (const QByteArray& display : {QByteArray("wayland-7"), path}) {
         qputenv("WAYLAND_DISPLAY", display);
         qputenv("QT_QPA_PLATFORM", "wayland");
-        EXPECT_EQ(SessionCheck::displayProblem(), std::nullopt) << display.constData();
+        EXPECT_EQ(SessionCheck::DisplayCheck().problem(), std::nullopt) << display.constData();
     }
 }
 

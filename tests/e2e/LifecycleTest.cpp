@@ -113,6 +113,13 @@ TEST(LifecycleTest, WithADisplayThatDoesNotAnswerItSaysSoAndExitsWithOne) {
     EXPECT_TRUE(program.messages().contains("velmora: the display :64999 does not answer"));
 }
 
+TEST(LifecycleTest, OnAnXServerThatStartsOverWithoutClientsItsOwnQuestionDoesNotCostTheDisplay) {
+    PrivateSession session(PrivateSession::Display::forgetfulScreen);
+    RunningProgram program(session);
+    EXPECT_TRUE(hasStarted(program, session));
+    EXPECT_FALSE(program.messages().contains("could not connect to display"));
+}
+
 TEST(LifecycleTest, WithoutFontsItSaysSoAndStillShowsItsItems) {
     PrivateSession session;
     QFile configuration(session.folder() + "/fonts.conf");

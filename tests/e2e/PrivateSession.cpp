@@ -27,10 +27,11 @@ PrivateSession::PrivateSession(Display display, Bus bus) {
     m_environment.insert("XDG_SESSION_TYPE", "x11");
     m_environment.insert("NO_AT_BRIDGE", "1");
 
-    if (display == Display::virtualScreen) {
-        // A server that starts over when its only client leaves refuses the next one meanwhile.
-        const QString number = startAndReadLine(
-            "Xvfb", {"-displayfd", "1", "-screen", "0", "1280x720x24", "-nolisten", "tcp", "-noreset"});
+    if (display != Display::none) {
+        QStringList arguments{"-displayfd", "1", "-screen", "0", "1280x720x24", "-nolisten", "tcp"};
+        // One that starts over turns away the next client meanwhile.
+        if (display == Display::virtualScreen) arguments << "-noreset";
+        const QString number = startAndReadLine("Xvfb", arguments);
         m_environment.insert("DISPLAY", ":" + number);
     }
     if (bus == Bus::ownBus) {

@@ -16,7 +16,8 @@ namespace velmora {
 /// what it started when it goes.
 class PrivateSession {
 public:
-    enum class Display { none, virtualScreen };
+    /// A forgetful screen is that of a server which starts over when its last client leaves.
+    enum class Display { none, virtualScreen, forgetfulScreen };
     enum class Bus { none, ownBus };
 
     explicit PrivateSession(Display display = Display::virtualScreen, Bus bus = Bus::ownBus);
