@@ -14,6 +14,8 @@
 #include <QString>
 #include <QUrl>
 
+#include <cmath>
+
 namespace velmora {
 namespace {
 
@@ -28,6 +30,12 @@ std::string perModule(const AppSettings& settings, const std::function<std::stri
         list.append(rawValue(module)).append(":").append(text(module));
     }
     return list;
+}
+
+/// Cut to a whole number, of which a stored interval may have any size; 0 for one that is not finite.
+std::string wholeSeconds(double seconds) {
+    // The sum has no negative zero.
+    return formatText("%.0f", {std::isfinite(seconds) ? std::trunc(seconds) + 0.0 : 0.0});
 }
 
 nlohmann::json enabledRawValues(const AppSettings& settings) {
@@ -87,11 +95,8 @@ void AppDelegate::recordEnvironment() {
                                    return formatText("%d",
                                                      {entry == hidden.end() ? 0 : entry->second.size()});
                                })},
-         {"intervals", perModule(settings,
-                                 [&](StatsModule module) {
-                                     return formatText(
-                                         "%d", {static_cast<std::int64_t>(settings.interval(module))});
-                                 })},
+         {"intervals",
+          perModule(settings, [&](StatsModule module) { return wholeSeconds(settings.interval(module)); })},
          {"nestoraBridge", !m_with.placedModules.get().empty()}});
 }
 

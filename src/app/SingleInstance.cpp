@@ -42,10 +42,7 @@ void SingleInstance::terminateOthers() {
         m_duplicates.push_back({application.pid, std::move(held)});
     }
     if (m_duplicates.empty()) return;
-    // The loop may not run yet, and then has no timers: the first hop waits for it.
-    m_runLoop.post(m_life.wrap([this] {
-        m_forceTimer = m_runLoop.after(kSecondsUntilForce, [this] { forceTerminateRemaining(); });
-    }));
+    m_forceTimer = m_runLoop.after(kSecondsUntilForce, [this] { forceTerminateRemaining(); });
 }
 
 void SingleInstance::forceTerminateRemaining() {

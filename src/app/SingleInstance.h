@@ -1,6 +1,5 @@
 #pragma once
 
-#include "base/LifeGuard.h"
 #include "base/Subscription.h"
 #include "platform/Workspace.h"
 
@@ -23,7 +22,8 @@ public:
     SingleInstance(const Workspace& workspace, const Bundle& bundle, SystemLog& log, RunLoop& runLoop,
                    std::string firstArgument);
 
-    /// Returns at once. The later step runs once the run loop does, for as long as this object lives.
+    /// Returns at once. The later step comes three seconds from now, or when the run loop first turns after
+    /// that, if this object lives by then.
     void terminateOthers();
 
 private:
@@ -41,7 +41,6 @@ private:
     std::string m_executableName;
     std::vector<Duplicate> m_duplicates;
     Subscription m_forceTimer;
-    LifeGuard m_life;
 };
 
 }  // namespace velmora

@@ -16,6 +16,8 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
+
 namespace velmora {
 namespace {
 
@@ -87,6 +89,30 @@ TEST_F(AppDelegateTest, TheEnvironmentEventComesOnceEightSecondsAfterLaunch) {
     EXPECT_EQ(events.events.size(), 1u);
 }
 
+TEST_F(AppDelegateTest, IntervalsThatNoClockCouldKeepAreWholeNumbersInTheEnvironmentEvent) {
+    settings.setEnabledModules({StatsModule::cpu, StatsModule::memory, StatsModule::disk,
+                                StatsModule::network, StatsModule::sensors, StatsModule::battery});
+    settings.setModuleIntervals({{StatsModule::cpu, 1e19},
+                                 {StatsModule::memory, std::numeric_limits<double>::quiet_NaN()},
+                                 {StatsModule::disk, std::numeric_limits<double>::infinity()},
+                                 {StatsModule::network, -0.5},
+                                 {StatsModule::sensors, -3.7},
+                                 {StatsModule::battery, 0.999}});
+    delegate.recordEnvironment();
+    EXPECT_EQ(events.events.at(0).fields.at("intervals"),
+              "cpu:10000000000000000000,memory:0,disk:0,network:0,sensors:-3,battery:0");
+}
+
+TEST_F(AppDelegateTest, TheEnvironmentEventOfAMachineWithAllModulesOffHasEmptyLists) {
+    settings.setEnabledModules({});
+    delegate.recordEnvironment();
+    const json& fields = events.events.at(0).fields;
+    EXPECT_EQ(fields.at("enabledModules"), json::array());
+    EXPECT_EQ(fields.at("styles"), "");
+    EXPECT_EQ(fields.at("metrics"), "");
+    EXPECT_EQ(fields.at("intervals"), "");
+}
+
 TEST_F(AppDelegateTest, TheEnvironmentEventTellsOfAPlacedWidget) {
     placedModules.set(ModuleSet{StatsModule::disk});
     delegate.recordEnvironment();
@@ -111,6 +137,14 @@ TEST_F(AppDelegateTest, SelfLoadIsTheShareOfACoreSinceTheLastMeasureEveryHour) {
 
     runLoop.advance(3600);
     EXPECT_EQ(events.events.at(2).fields.at("cpuAvgPct"), 0.0) << "measured anew from the last measure on";
+}
+
+TEST_F(AppDelegateTest, SelfLoadOfSlowModulesSendsTheirShortestIntervalAlthoughTheGlobalOneIsShorter) {
+    settings.setEnabledModules({StatsModule::disk, StatsModule::battery});
+    settings.setInterval(30, StatsModule::disk);
+    settings.setInterval(1, StatsModule::cpu);
+    delegate.recordSelfLoad();
+    EXPECT_EQ(events.events.at(0).fields.at("minInterval"), 10.0);
 }
 
 TEST_F(AppDelegateTest, SelfLoadWithAllModulesOffSendsTheGlobalIntervalAndNoModules) {

@@ -39,6 +39,7 @@ TEST_F(SingleInstanceTest, NoOtherCopyMeansNoLogLineAndNoDelayedTask) {
     EXPECT_TRUE(log.lines().empty());
     EXPECT_TRUE(workspace.terminateRequests.empty());
     EXPECT_EQ(runLoop.postedCount(), 0u);
+    EXPECT_EQ(runLoop.timerCount(), 0u);
     runLoop.advance(10);
     EXPECT_TRUE(workspace.forceRequests.empty());
 }
@@ -91,6 +92,17 @@ TEST_F(SingleInstanceTest, AnOldCopyThatStaysIsForcedAfterThreeSeconds) {
     EXPECT_EQ(workspace.forceRequests.size(), 1u);
 }
 
+TEST_F(SingleInstanceTest, TheTimeThatTheProgramTakesToStartCounts) {
+    // The three seconds used to begin when the loop first turned.
+    workspace.running.push_back({46, std::nullopt, "/old/velmora"});
+    instance().terminateOthers();
+    runLoop.stall(2);
+    runLoop.advance(0.99);
+    EXPECT_TRUE(workspace.forceRequests.empty());
+    runLoop.advance(0.02);
+    EXPECT_EQ(workspace.forceRequests, std::vector<std::int64_t>{46});
+}
+
 TEST_F(SingleInstanceTest, AnOldCopyThatQuitsInTimeGetsNoForceStepAndNoSecondLine) {
     workspace.running.push_back({47, std::nullopt, "/old/velmora"});
     instance().terminateOthers();
@@ -98,6 +110,31 @@ TEST_F(SingleInstanceTest, AnOldCopyThatQuitsInTimeGetsNoForceStepAndNoSecondLin
     runLoop.advance(5);
     EXPECT_TRUE(workspace.forceRequests.empty());
     EXPECT_EQ(log.lines().size(), 1u);
+}
+
+TEST_F(SingleInstanceTest, OnlyTheCopiesThatStayAreForced) {
+    workspace.running.push_back({48, std::nullopt, "/old/velmora"});
+    workspace.running.push_back({49, "com.torvane.Velmora", "/older/other-name"});
+    instance().terminateOthers();
+    EXPECT_EQ(workspace.terminateRequests, (std::vector<std::int64_t>{48, 49}));
+    workspace.terminated.insert(48);
+    runLoop.advance(5);
+    EXPECT_EQ(workspace.forceRequests, std::vector<std::int64_t>{49});
+}
+
+TEST_F(SingleInstanceTest, ACopyThatCameLaterIsNotForced) {
+    // It is the newer one, and ends us.
+    workspace.running.push_back({50, std::nullopt, "/old/velmora"});
+    instance().terminateOthers();
+    workspace.running.push_back({51, std::nullopt, "/new/velmora"});
+    runLoop.advance(5);
+    EXPECT_EQ(workspace.forceRequests, std::vector<std::int64_t>{50});
+}
+
+TEST_F(SingleInstanceTest, TheOwnProcessIsNoDuplicateOfItself) {
+    workspace.running = {{workspace.own, "com.torvane.Velmora", "/opt/velmora/bin/velmora"}};
+    instance().terminateOthers();
+    EXPECT_TRUE(workspace.terminateRequests.empty());
 }
 
 }  // namespace
