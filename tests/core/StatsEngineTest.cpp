@@ -6,7 +6,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <limits>
+#include <string>
+#include <vector>
 
 namespace velmora {
 namespace {
@@ -207,6 +210,14 @@ TEST_F(StatsEngineTest, DisablingAllModulesLeavesTheTimerRunningWithEmptyUpdates
     EXPECT_EQ(house.snapshot().timestamp, FakeClock::kStart + 6);
 }
 
+TEST_F(StatsEngineTest, DisablingTheLastModuleOfARunningEngineOnlyEmptiesTheUpdates) {
+    start({cpu, memory});
+    house.settings.setEnabledModules({});
+    EXPECT_EQ(house.runLoop.timerCount(), 1U);
+    EXPECT_THAT(updatesDuring(4), ElementsAre(ModuleSet{}, ModuleSet{}));
+    EXPECT_EQ(house.snapshot().timestamp, FakeClock::kStart + 4);
+}
+
 TEST_F(StatsEngineTest, DisabledModuleKeepsItsLastFigures) {
     samplers.memory.figures.used = 7;
     start({memory, cpu});
@@ -225,6 +236,27 @@ TEST_F(StatsEngineTest, EnablingAModuleDoesNotRestartTheTimer) {
     EXPECT_EQ(samplers.cpu.sampleCount, before);
     EXPECT_THAT(samplers.memory.intervals, IsEmpty());
     EXPECT_THAT(updatesDuring(1), ElementsAre(ModuleSet{cpu, memory}));
+    EXPECT_THAT(samplers.memory.intervals, ElementsAre(0.0));
+}
+
+TEST_F(StatsEngineTest, ModuleThatIsEnabledAgainIsGivenTheTimeSinceItsLastSample) {
+    start({cpu, memory});
+    house.runLoop.advance(2);
+    house.settings.setEnabled(memory, false);
+    house.runLoop.advance(10);
+    house.settings.setEnabled(memory, true);
+    house.runLoop.advance(2);
+    EXPECT_EQ(samplers.memory.intervals.back(), 12.0);
+}
+
+TEST_F(StatsEngineTest, ModuleThatIsEnabledAgainAfterARestartIsGivenIntervalZero) {
+    start({cpu, memory});
+    house.settings.setEnabled(memory, false);
+    house.runLoop.advance(10);
+    house.settings.setModuleIntervals({});
+    house.settings.setEnabled(memory, true);
+    samplers.memory.intervals.clear();
+    house.runLoop.advance(2);
     EXPECT_THAT(samplers.memory.intervals, ElementsAre(0.0));
 }
 
@@ -349,6 +381,48 @@ TEST_F(StatsEngineTest, OtherModulesReadNeitherAcceleratorNorTemperatures) {
     start({memory, disk, network, battery});
     EXPECT_EQ(samplers.gpu.sampleCount, 0);
     EXPECT_EQ(samplers.temperature.groupsCount, 0);
+}
+
+TEST_F(StatsEngineTest, TemperaturesWithoutAProcessorsSendTheProcessorToItsOwnSensor) {
+    samplers.temperature.readings = {{TempCategory::ssd, 38}};
+    samplers.temperature.cpu = 52;
+    start({cpu, sensors});
+    EXPECT_EQ(house.snapshot().cpu.temperature, 52.0);
+    EXPECT_EQ(house.snapshot().sensors.primaryTemperature(), 38.0);
+}
+
+// The order within a tick.
+
+TEST_F(StatsEngineTest, ModulesAreSampledInTheirOrder) {
+    // Each of these modules stores something of its own at its first sample.
+    samplers.fan.rpm = {1100};
+    start(ModuleSet::all());
+    std::vector<std::string> areas;
+    for (const FakeDefaults::Write& write : house.defaults.writes) {
+        const std::string area = write.key.substr(0, write.key.find('.'));
+        if (area != write.key && std::ranges::find(areas, area) == areas.end()) areas.push_back(area);
+    }
+    EXPECT_THAT(areas, ElementsAre("disk", "net", "sen", "bat"));
+}
+
+TEST_F(StatsEngineTest, OneReadingOfTheClockServesTheWholeTick) {
+    struct HastyClock final : Clock {
+        Date now() const override {
+            ++readings;
+            return FakeClock::kStart + 100.0 * readings;
+        }
+        mutable int readings = 0;
+    };
+    house.settings.setEnabledModules({kAllModules.begin(), kAllModules.end()});
+    const HastyClock clock;
+    StatsEngine engine(clock, house.runLoop, house.defaults, house.settings, house.display, house.improve,
+                       house.placed, samplers.viewWithoutProbes());
+    engine.tick();
+    clock.readings = 9;
+    engine.tick();
+    EXPECT_EQ(clock.readings, 10);
+    EXPECT_EQ(engine.snapshot().get().updated, ModuleSet::all());
+    EXPECT_EQ(engine.snapshot().get().timestamp, FakeClock::kStart + 1000);
 }
 
 // Publishing.

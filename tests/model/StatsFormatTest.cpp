@@ -43,6 +43,9 @@ TEST(StatsFormatRate, InBetweenHasTheDecimalsOfItsUnit) {
     EXPECT_EQ(StatsFormat::rate(2345678901.0), "2.35 GB/s");
     EXPECT_EQ(StatsFormat::rate(1.5e12), "1500.00 GB/s");
 }
+TEST(StatsFormatRate, JustUnderABillionRoundsToAThousandMegabytes) {
+    EXPECT_EQ(StatsFormat::rate(999'999'999), "1000.0 MB/s");
+}
 TEST(StatsFormatRate, HalvesRoundToTheEvenNeighbourAsTheFormatDoes) {
     EXPECT_EQ(StatsFormat::rate(2500), "2 KB/s");
     EXPECT_EQ(StatsFormat::rate(3500), "4 KB/s");
@@ -58,6 +61,13 @@ TEST(StatsFormatShortRate, UnderAThousandNegativeAndNotANumberAreZero) {
     EXPECT_EQ(StatsFormat::shortRate(999.9), "0K");
     EXPECT_EQ(StatsFormat::shortRate(-1), "0K");
     EXPECT_EQ(StatsFormat::shortRate(kNotANumber), "0K");
+}
+TEST(StatsFormatShortRate, JustUnderABillionRoundsToAThousandMillions) {
+    EXPECT_EQ(StatsFormat::shortRate(999'999'999), "1000M");
+}
+TEST(StatsFormatShortRate, HalvesRoundToTheEvenNeighbourAsTheFormatDoes) {
+    EXPECT_EQ(StatsFormat::shortRate(2500), "2K");
+    EXPECT_EQ(StatsFormat::shortRate(3500), "4K");
 }
 TEST(StatsFormatShortRate, EachStepHasItsForm) {
     EXPECT_EQ(StatsFormat::shortRate(1000), "1K");
@@ -88,6 +98,13 @@ TEST(StatsFormatUptime, FractionsOfASecondAreCut) {
 TEST(StatsFormatUptime, HoursAreOfTheDayAndMinutesOfTheHour) {
     EXPECT_EQ(StatsFormat::uptime(2 * 86400 + 4 * 3600 + 10 * 60 + 59), "2d 4h 10m");
     EXPECT_EQ(StatsFormat::uptime(400 * 86400.0), "400d 0h 0m");
+}
+
+TEST(StatsFormatUptime, NegativeAndNotFiniteSecondsAreNone) {
+    EXPECT_EQ(StatsFormat::uptime(-3600), "0m");
+    EXPECT_EQ(StatsFormat::uptime(kNotANumber), "0m");
+    EXPECT_EQ(StatsFormat::uptime(kInfinite), "0m");
+    EXPECT_EQ(StatsFormat::uptime(-kInfinite), "0m");
 }
 
 TEST(StatsFormatBytes, NoBytesAreZeroKilobytes) {
@@ -191,6 +208,10 @@ TEST(StatsFormatPercent, FractionIsHeldWithinZeroAndAHundred) {
     EXPECT_EQ(StatsFormat::percent(1), "100%");
     EXPECT_EQ(StatsFormat::percent(7), "100%");
     EXPECT_EQ(StatsFormat::percent(kInfinite), "100%");
+}
+TEST(StatsFormatPercent, HalvesRoundToTheEvenNeighbourAsTheFormatDoes) {
+    EXPECT_EQ(StatsFormat::percent(0.125), "12%");
+    EXPECT_EQ(StatsFormat::percent(0.375), "38%");
 }
 TEST(StatsFormatPercent, NotANumberIsZero) {
     EXPECT_EQ(StatsFormat::percent(kNotANumber), "0%");

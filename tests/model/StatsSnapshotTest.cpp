@@ -1,6 +1,11 @@
 #include "model/StatsSnapshot.h"
 
+#include "model/SnapshotFields.h"
+
 #include <gtest/gtest.h>
+
+#include <optional>
+#include <type_traits>
 
 namespace velmora {
 namespace {
@@ -27,6 +32,38 @@ TEST(StatsSnapshot, BeforeTheFirstTickEveryFigureIsAbsent) {
     EXPECT_FALSE(snapshot.battery.present);
 }
 
+/// Called with each field of a record, at every depth.
+struct ExpectNothing {
+    template <typename Value>
+    void operator()(const char* name, const std::optional<Value>& value) const {
+        EXPECT_FALSE(value.has_value()) << name;
+    }
+    void operator()(const char* name, const auto& value) const {
+        if constexpr (requires { SnapshotFields::visit(value, [](const char*, const auto&) {}); }) {
+            SnapshotFields::visit(value, *this);
+        } else if constexpr (requires { value.empty(); }) {
+            EXPECT_TRUE(value.empty()) << name;
+        } else {
+            EXPECT_EQ(value, std::remove_cvref_t<decltype(value)>{}) << name;
+        }
+    }
+    void operator()(const char* name, const decltype(SensorsStats::temperatureHistories)& histories) const {
+        for (const ShortSeries& series : histories) EXPECT_TRUE(series.empty()) << name;
+    }
+    void operator()(const char*, const Date& date) const { EXPECT_EQ(date, Date::distantPast()); }
+};
+
+TEST(StatsSnapshot, BeforeTheFirstTickEachFieldOfEveryRecordIsZeroFalseAbsentOrEmpty) {
+    const StatsSnapshot snapshot;
+    const DiskVolume volume;
+    const MemoryProcess process;
+    const PeripheralBattery peripheral;
+    SnapshotFields::visit(snapshot, ExpectNothing());
+    SnapshotFields::visit(volume, ExpectNothing());
+    SnapshotFields::visit(process, ExpectNothing());
+    SnapshotFields::visit(peripheral, ExpectNothing());
+}
+
 TEST(StatsSnapshot, CopyStaysAsItWasWhenTheOriginalChanges) {
     StatsSnapshot snapshot;
     snapshot.cpu.perCore = {0.25};
@@ -38,26 +75,33 @@ TEST(StatsSnapshot, CopyStaysAsItWasWhenTheOriginalChanges) {
     EXPECT_EQ(copy.cpu.history.size(), 1u);
 }
 
-TEST(StatsSnapshot, SeriesHaveTheirCaps) {
+TEST(StatsSnapshot, EveryShortSeriesHoldsSixtySamples) {
+    const auto holdsSixty = [](const auto&... series) { return ((series.capacity() == 60) && ...); };
+    const StatsSnapshot s;
+    EXPECT_TRUE(holdsSixty(s.cpu.history, s.cpu.userHistory, s.cpu.systemHistory, s.cpu.gpuHistory));
+    EXPECT_TRUE(holdsSixty(s.memory.history, s.memory.pressureHistory));
+    EXPECT_TRUE(holdsSixty(s.disk.activityHistory, s.disk.readHistory, s.disk.writeHistory));
+    EXPECT_TRUE(holdsSixty(s.network.downHistory, s.network.upHistory));
+    EXPECT_TRUE(holdsSixty(s.battery.history, s.battery.pluggedHistory));
+    EXPECT_TRUE(holdsSixty(s.sensors.history));
+    for (const auto& series : s.sensors.temperatureHistories) EXPECT_TRUE(holdsSixty(series));
+}
+
+TEST(StatsSnapshot, LongSeriesHaveTheirCaps) {
     const StatsSnapshot snapshot;
-    EXPECT_EQ(snapshot.cpu.history.capacity(), 60u);
     EXPECT_EQ(snapshot.cpu.userLong.capacity(), 60u);
     EXPECT_EQ(snapshot.cpu.systemLong.capacity(), 60u);
     EXPECT_EQ(snapshot.cpu.loadLong.capacity(), 60u);
     EXPECT_EQ(snapshot.cpu.gpuLong.capacity(), 60u);
     EXPECT_EQ(snapshot.cpu.perCoreLong.capacity(), 20u);
-    EXPECT_EQ(snapshot.memory.pressureHistory.capacity(), 60u);
     EXPECT_EQ(snapshot.memory.usedLong.capacity(), 360u);
     EXPECT_EQ(snapshot.memory.appLong.capacity(), 360u);
-    EXPECT_EQ(snapshot.disk.activityHistory.capacity(), 60u);
     EXPECT_EQ(snapshot.disk.readLong.capacity(), 120u);
     EXPECT_EQ(snapshot.disk.writeLong.capacity(), 120u);
-    EXPECT_EQ(snapshot.network.downHistory.capacity(), 60u);
     EXPECT_EQ(snapshot.network.downLong.capacity(), 180u);
     EXPECT_EQ(snapshot.network.upLong.capacity(), 180u);
     EXPECT_EQ(snapshot.sensors.cpuLong.capacity(), 180u);
     EXPECT_EQ(snapshot.sensors.fanLong.capacity(), 180u);
-    EXPECT_EQ(snapshot.battery.pluggedHistory.capacity(), 60u);
     EXPECT_EQ(snapshot.battery.percentLong.capacity(), 288u);
     EXPECT_EQ(snapshot.battery.pluggedLong.capacity(), 288u);
     EXPECT_EQ(snapshot.battery.screenOnLong.capacity(), 288u);
