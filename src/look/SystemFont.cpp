@@ -55,7 +55,7 @@ QString ownFamilyOf(AppLanguage language) {
     const auto shapes = ownShapes(language);
     if (!shapes) return {};
     for (const char* name : {"Noto Sans CJK ", "Noto Sans ", "Source Han Sans "}) {
-        const QString family = QLatin1String(name) + QLatin1String(shapes->region);
+        QString family = QLatin1String(name) + QLatin1String(shapes->region);
         if (QFontDatabase::hasFamily(family)) return family;
     }
     return {};

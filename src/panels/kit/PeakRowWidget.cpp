@@ -19,7 +19,7 @@ constexpr double kSpacing = 5;
 /// Two pairs stand below the halves of a header of two rates, if their labels leave the figures enough room.
 std::vector<RowGeometry::Span> places(const std::vector<double>& labelWidths, double width) {
     constexpr double kFigure = 54;
-    const std::vector<RowGeometry::Span> halves = RowGeometry::twoColumns(width);
+    std::vector<RowGeometry::Span> halves = RowGeometry::twoColumns(width);
     const bool areTwo = labelWidths.size() == halves.size();
     if (areTwo && std::ranges::max(labelWidths) + kSpacing + kFigure <= halves.front().width &&
         halves.back().right() <= width) {

@@ -5,7 +5,6 @@
 #include "settings/controls/SettingsScheme.h"
 #include "settings/controls/WrappedText.h"
 
-#include <QFontMetricsF>
 #include <QPainter>
 
 #include <algorithm>
@@ -83,10 +82,7 @@ void TextLabel::paintEvent(QPaintEvent*) {
     if (m_style.fit == TextFit::wrap) {
         return WrappedText::draw(painter, text(), font(), color, QRectF(rect()), m_style.alignment);
     }
-    painter.setPen(color);
-    painter.drawText(
-        rect(), static_cast<int>(m_style.alignment | Qt::AlignTop | Qt::AlignAbsolute) | Qt::TextSingleLine,
-        QFontMetricsF(font()).elidedText(text(), Qt::ElideRight, width(), Qt::TextSingleLine));
+    WrappedText::drawLine(painter, text(), font(), color, QRectF(rect()), m_style.alignment);
 }
 
 }  // namespace velmora

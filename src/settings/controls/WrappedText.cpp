@@ -2,6 +2,7 @@
 
 #include "look/SystemFont.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <QTextLayout>
 #include <QTextOption>
@@ -12,10 +13,11 @@
 namespace velmora::WrappedText {
 namespace {
 
-QSizeF layOut(QTextLayout& layout, double width, Qt::Alignment alignment) {
+QSizeF layOut(QTextLayout& layout, double width, Qt::Alignment alignment,
+              QTextOption::WrapMode mode = QTextOption::WrapAtWordBoundaryOrAnywhere) {
     // Always from the left, also for a text whose own direction is the other one.
     QTextOption option(alignment | Qt::AlignAbsolute);
-    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    option.setWrapMode(mode);
     layout.setTextOption(option);
     layout.setCacheEnabled(true);
     const SystemFont::LineExtent least = SystemFont::lineExtent(layout.font());
@@ -56,6 +58,15 @@ void draw(QPainter& painter, const QString& text, const QFont& font, const QColo
           Qt::Alignment alignment) {
     QTextLayout layout(text, font);
     layOut(layout, box.width(), alignment);
+    painter.setPen(color);
+    layout.draw(&painter, box.topLeft());
+}
+
+void drawLine(QPainter& painter, const QString& text, const QFont& font, const QColor& color,
+              const QRectF& box, Qt::Alignment alignment) {
+    QTextLayout layout(QFontMetricsF(font).elidedText(text, Qt::ElideRight, box.width(), Qt::TextSingleLine),
+                       font);
+    layOut(layout, box.width(), alignment, QTextOption::NoWrap);
     painter.setPen(color);
     layout.draw(&painter, box.topLeft());
 }

@@ -18,5 +18,9 @@ int naturalWidth(const QString& text, const QFont& font);
 /// Draws the lines from the top of `box`, each placed as `alignment` says.
 void draw(QPainter& painter, const QString& text, const QFont& font, const QColor& color, const QRectF& box,
           Qt::Alignment alignment = Qt::AlignLeft);
+/// Draws one line at the top of `box`, in the same place as the first one above, cut at its end with an
+/// ellipsis where it is wider than the box.
+void drawLine(QPainter& painter, const QString& text, const QFont& font, const QColor& color,
+              const QRectF& box, Qt::Alignment alignment = Qt::AlignLeft);
 
 }  // namespace velmora::WrappedText
