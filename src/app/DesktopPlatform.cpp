@@ -29,9 +29,6 @@
 #include "platform/qt/SwitchingStatusBar.h"
 #include "platform/qt/X11WindowBlur.h"
 
-#include <QDesktopServices>
-#include <QUrl>
-
 #include <cstdlib>
 
 namespace velmora {
@@ -67,17 +64,14 @@ std::map<std::int64_t, std::string> bundleIdentifiers(const Bundle& bundle) {
     return {{owner, *identifier}};
 }
 
-/// Made before the program chooses its own language: names are in the user's, and what is started gets his
-/// environment.
-void addApplications(Platform& platform) {
+/// Made before the program chooses its own language: names are in the user's.
+void addApplications(Platform& platform, const std::shared_ptr<ApplicationStarter>& starter) {
     const DesktopSurroundings surroundings = DesktopSurroundings::ofThisProcess();
     const auto entries = std::make_shared<DesktopEntries>(
         surroundings, DesktopEntryLocales(platform.preferredLanguages->tags()));
     platform.shortcutTargets = std::make_unique<LinuxShortcutTargets>(
         entries, surroundings, ApplicationService::kBusName,
-        [starter = std::make_shared<ApplicationStarter>()](const ApplicationLaunch& launch) {
-            starter->start(launch);
-        });
+        [starter](const ApplicationLaunch& launch) { starter->start(launch); });
     platform.processIcons = std::make_unique<LinuxProcessIconSource>(SystemRoot(), entries);
     // Once the program runs: the first panel is not to wait for it, nor the first item.
     platform.runLoop->post([entries, &worker = *platform.walkWorker, &runLoop = *platform.runLoop] {
@@ -89,6 +83,8 @@ void addApplications(Platform& platform) {
 
 Platform desktopPlatform() {
     Platform platform;
+    // Keeps the user's environment for what is started, before the program chooses its own language.
+    const auto starter = std::make_shared<ApplicationStarter>();
     platform.clock = std::make_unique<SystemClock>();
     platform.systemLog = std::make_unique<LinuxSystemLog>(*platform.clock);
     platform.runLoop = std::make_unique<QtRunLoop>();
@@ -97,9 +93,9 @@ Platform desktopPlatform() {
                                                          *platform.systemLog);
     platform.preferredLanguages = std::make_unique<QtPreferredLanguages>();
     platform.loginItem = loginItem(*platform.bundle);
-    platform.workspace = std::make_unique<LinuxWorkspace>(
-        [&bundle = *platform.bundle] { return bundleIdentifiers(bundle); },
-        [](const std::string& url) { QDesktopServices::openUrl(QUrl(QString::fromStdString(url))); });
+    platform.workspace =
+        std::make_unique<LinuxWorkspace>([&bundle = *platform.bundle] { return bundleIdentifiers(bundle); },
+                                         [starter](const std::string& url) { starter->openURL(url); });
     platform.display = std::make_unique<LinuxDisplay>();
     platform.processMeter = std::make_unique<LinuxProcessMeter>();
     platform.improveEvents = std::make_unique<NullImproveEvents>();
@@ -110,7 +106,7 @@ Platform desktopPlatform() {
     platform.powerProfiles = std::make_unique<QtPowerProfileService>();
     platform.location = std::make_unique<NullLocationAuthorization>();  // Nothing asks for it here.
     addLinuxWorkers(platform);
-    addApplications(platform);
+    addApplications(platform, starter);
     addLinuxSources(platform, SystemRoot());
     return platform;
 }

@@ -1,10 +1,8 @@
 #include "ShotOptions.h"
 
 #include "base/ParseNumber.h"
+#include "command-line/CommandLine.h"
 
-#include <algorithm>
-#include <array>
-#include <cstddef>
 #include <cstdint>
 
 namespace velmora {
@@ -12,19 +10,6 @@ namespace {
 
 constexpr double kSmallestScale = 1;
 constexpr double kLargestScale = 4;
-
-/// "cpu,memory"; nothing if a name is unknown or none is given.
-std::optional<std::vector<StatsModule>> parseModules(std::string_view list) {
-    std::vector<StatsModule> modules;
-    for (std::size_t begin = 0; begin <= list.size();) {
-        const std::size_t end = std::min(list.find(',', begin), list.size());
-        const auto module = moduleFromRawValue(list.substr(begin, end - begin));
-        if (!module) return std::nullopt;
-        modules.push_back(*module);
-        begin = end + 1;
-    }
-    return modules;
-}
 
 /// Six hexadecimal digits, with or without "#".
 std::optional<RGBColor> parseColor(std::string_view text) {
@@ -51,10 +36,7 @@ std::string takeWhat(std::string_view value, ShotOptions& options) {
 }
 
 std::string takeModules(std::string_view value, ShotOptions& options) {
-    const auto modules = parseModules(value);
-    if (!modules) return "--modules needs names of cpu, memory, disk, network, sensors, battery";
-    options.modules = *modules;
-    return {};
+    return CommandLine::takeModules(value, options.modules);
 }
 
 std::string takeFigures(std::string_view value, ShotOptions& options) {
@@ -102,51 +84,18 @@ std::string takeOut(std::string_view value, ShotOptions& options) {
     return {};
 }
 
-struct OptionWithValue {
-    std::string_view name;
-    /// An error line for a wrong value, empty for a right one.
-    std::string (*take)(std::string_view value, ShotOptions& options);
-};
-constexpr std::array<OptionWithValue, 9> kWithValue = {{{"--what", takeWhat},
-                                                        {"--modules", takeModules},
-                                                        {"--figures", takeFigures},
-                                                        {"--scale", takeScale},
-                                                        {"--scheme", takeScheme},
-                                                        {"--lang", takeLanguage},
-                                                        {"--color", takeColor},
-                                                        {"--font", takeFont},
-                                                        {"--out", takeOut}}};
+constexpr CommandLine::Flag<ShotOptions> kFlags[] = {
+    {"--help", [](ShotOptions& options) { options.action = ShotOptions::Action::showHelp; }},
+    {"--sheet", [](ShotOptions& options) { options.sheet = ShotOptions::Sheet::with; }}};
+constexpr CommandLine::Setting<ShotOptions> kSettings[] = {
+    {"--what", takeWhat},   {"--modules", takeModules}, {"--figures", takeFigures},
+    {"--scale", takeScale}, {"--scheme", takeScheme},   {"--lang", takeLanguage},
+    {"--color", takeColor}, {"--font", takeFont},       {"--out", takeOut}};
 
 }  // namespace
 
 std::optional<ShotOptions> parseShotOptions(std::span<const std::string_view> arguments, std::string& error) {
-    ShotOptions options;
-    for (std::size_t index = 0; index < arguments.size(); ++index) {
-        const std::string_view argument = arguments[index];
-        if (argument == "--help") {
-            options.action = ShotOptions::Action::showHelp;
-            continue;
-        }
-        if (argument == "--sheet") {
-            options.sheet = ShotOptions::Sheet::with;
-            continue;
-        }
-        const auto equals = argument.find('=');
-        const std::string_view name = argument.substr(0, equals);
-        const auto option = std::ranges::find(kWithValue, name, &OptionWithValue::name);
-        if (option == kWithValue.end()) {
-            error = "unknown option " + std::string(argument) + " (--help lists the options)";
-            return std::nullopt;
-        }
-        if (equals == std::string_view::npos && ++index == arguments.size()) {
-            error = std::string(name) + " needs a value";
-            return std::nullopt;
-        }
-        error = option->take(
-            equals == std::string_view::npos ? arguments[index] : argument.substr(equals + 1), options);
-        if (!error.empty()) return std::nullopt;
-    }
-    return options;
+    return CommandLine::parse<ShotOptions>(arguments, kFlags, kSettings, error);
 }
 
 }  // namespace velmora

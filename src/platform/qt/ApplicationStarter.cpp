@@ -6,10 +6,13 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QDesktopServices>
 #include <QDir>
 #include <QFileInfo>
 #include <QProcess>
+#include <QStandardPaths>
 #include <QStringList>
+#include <QUrl>
 #include <QVariantMap>
 
 #include <algorithm>
@@ -64,6 +67,17 @@ void ApplicationStarter::start(const ApplicationLaunch& launch) {
         activate(launch, *path);
     } else {
         startCommand(launch);
+    }
+}
+
+void ApplicationStarter::openURL(const std::string& url) {
+    // The toolkit would start the same tool, but with this program's own environment.
+    const QStringList folders = m_environment.value(QStringLiteral("PATH")).split(u':', Qt::SkipEmptyParts);
+    const QString tool = QStandardPaths::findExecutable(QStringLiteral("xdg-open"), folders);
+    if (tool.isEmpty()) {
+        QDesktopServices::openUrl(QUrl(QString::fromStdString(url)));
+    } else {
+        startCommand({.command = {tool.toStdString(), url}});
     }
 }
 

@@ -8,6 +8,7 @@
 #include <QProcessEnvironment>
 
 #include <optional>
+#include <string>
 
 namespace velmora {
 
@@ -26,6 +27,9 @@ public:
     /// Waits for nothing but the new process. An application on the bus that does not answer is started by
     /// its command.
     void start(const ApplicationLaunch& launch);
+
+    /// Opens an address with what the user has chosen for its kind.
+    void openURL(const std::string& url);
 
     /// Where an application that the bus starts has its object: "/org/example/Name" for "org.example.Name".
     /// Nothing for an id that is no name on a bus.

@@ -1,7 +1,5 @@
 #include "platform/qt/LanguageEnvironment.h"
 
-#include <QProcessEnvironment>
-
 namespace velmora {
 namespace {
 
@@ -27,14 +25,6 @@ void LanguageEnvironment::choose(const std::optional<std::string>& tag) {
         qputenv(kVariable, *m_users);
     } else {
         qunsetenv(kVariable);
-    }
-}
-
-void LanguageEnvironment::restoreFor(QProcessEnvironment& environment) const {
-    if (m_users) {
-        environment.insert(kVariable, QString::fromLocal8Bit(*m_users));
-    } else {
-        environment.remove(kVariable);
     }
 }
 

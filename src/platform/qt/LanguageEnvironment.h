@@ -5,13 +5,12 @@
 #include <optional>
 #include <string>
 
-class QProcessEnvironment;
-
 namespace velmora {
 
 /// The process's `LANGUAGE` variable, from which the toolkit, its desktop plugins and the system's libraries
 /// take the language that they start in (what "AppleLanguages" does on the program's first home). Set before
-/// the application object is made and before there are threads; children get the user's own value back.
+/// the application object is made and before there are threads. What is started for the user gets the value
+/// that was kept before.
 class LanguageEnvironment {
 public:
     /// Remembers the user's value.
@@ -19,9 +18,6 @@ public:
 
     /// Overrides the variable with a language tag such as "pt-BR"; without one the user's value stands again.
     void choose(const std::optional<std::string>& tag);
-
-    /// Puts the user's value into the environment of a child to be.
-    void restoreFor(QProcessEnvironment& environment) const;
 
 private:
     std::optional<QByteArray> m_users;

@@ -87,6 +87,21 @@ TEST_F(ApplicationStarterTest, TokensOfThisProgramsOwnStartAreKept) {
     EXPECT_EQ(written(), QStringLiteral("."));
 }
 
+TEST_F(ApplicationStarterTest, AddressIsOpenedByTheDesktopsOwnToolInTheUsersEnvironment) {
+    const QString tool = folder.filePath("xdg-open");
+    QFile script(tool);
+    ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+    const QByteArray out = folder.filePath("out").toLocal8Bit();
+    script.write("#!/bin/sh\nprintf '%s\\n' \"$1\" \"$LANGUAGE\" > " + out + ".part\nmv " + out + ".part " +
+                 out + "\n");
+    script.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    script.close();
+    const QByteArray path = folder.path().toLocal8Bit() + ":/usr/bin:/bin";
+    ApplicationStarter starter(noBus(), environment({{"PATH", path.constData()}, {"LANGUAGE", "sv:de"}}));
+    starter.openURL("http://127.0.0.1:8910/velmora?a=b&c");
+    EXPECT_EQ(written(), QStringLiteral("http://127.0.0.1:8910/velmora?a=b&c\nsv:de"));
+}
+
 TEST_F(ApplicationStarterTest, ProgramWorksInItsFolder) {
     ApplicationStarter starter(noBus(), environment());
     ApplicationLaunch launch = writing("\"$(pwd -P)\"");

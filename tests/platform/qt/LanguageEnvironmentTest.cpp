@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <QProcessEnvironment>
 
 namespace velmora {
 namespace {
@@ -42,25 +41,6 @@ TEST_F(LanguageEnvironmentTest, VariableThatWasUnsetIsUnsetAgain) {
     environment.choose("fr");
     environment.choose(std::nullopt);
     EXPECT_FALSE(qEnvironmentVariableIsSet("LANGUAGE"));
-}
-
-TEST_F(LanguageEnvironmentTest, ChildrenGetTheUsersValue) {
-    qputenv("LANGUAGE", "sv:de");
-    LanguageEnvironment environment;
-    environment.choose("fr");
-    QProcessEnvironment child = QProcessEnvironment::systemEnvironment();
-    EXPECT_EQ(child.value("LANGUAGE"), "fr");
-    environment.restoreFor(child);
-    EXPECT_EQ(child.value("LANGUAGE"), "sv:de");
-}
-
-TEST_F(LanguageEnvironmentTest, ChildrenGetNoValueWhereTheUserHadNone) {
-    qunsetenv("LANGUAGE");
-    LanguageEnvironment environment;
-    environment.choose("fr");
-    QProcessEnvironment child = QProcessEnvironment::systemEnvironment();
-    environment.restoreFor(child);
-    EXPECT_FALSE(child.contains("LANGUAGE"));
 }
 
 }  // namespace
