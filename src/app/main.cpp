@@ -20,12 +20,12 @@
 #include "panels/PanelFactory.h"
 #include "panels/kit/ProcessIcons.h"
 #include "platform/qt/LanguageEnvironment.h"
+#include "platform/qt/TrayAnchor.h"
 #include "samplers/LiveTools.h"
 #include "samplers/NetTopSampler.h"
 #include "settings/SettingsWindowController.h"
 
 #include <QApplication>
-#include <QScreen>
 
 #include <cstdio>
 
@@ -56,14 +56,6 @@ std::unique_ptr<MenuView> makePanel(StatsModule module, std::function<void()> di
         panelCollaborators(sharedPlatform(), StatsEngine::shared().snapshot(), AppSettings::shared(),
                            L10n::shared(), SettingsRouter::shared(), LiveTools::shared(), showSettings),
         std::move(dismiss));
-}
-
-/// Where a panel opens if nobody knows where its item is.
-Anchor screenCorner() {
-    const QScreen* const screen = QGuiApplication::primaryScreen();
-    if (!screen) return {};
-    const QRect available = screen->availableGeometry();
-    return {available.x() + available.width() - 1, available.y(), 1, 1};
 }
 
 std::unique_ptr<StatusItemController> makeStatusItems(Platform& platform, PanelHost& panels) {
@@ -132,12 +124,12 @@ int run(int argumentCount, char** arguments) {
          [&platform, &panels] { return makeStatusItems(platform, *panels); },
          [&platform] { reapOrphans(platform); }, [] { NetTopSampler::terminateAll(LiveTools::shared()); }});
     delegate.setAccountPageOpener([] { showSettings(SettingsTab::account); });
-    ApplicationService service({[] { showSettings(std::nullopt); },
-                                [&delegate](const std::string& url) { delegate.handleURL(url); },
-                                [&delegate](const std::string& name) {
-                                    if (const auto module = moduleFromRawValue(name))
-                                        delegate.togglePanel(*module, screenCorner());
-                                }});
+    ApplicationService service(
+        {[] { showSettings(std::nullopt); }, [&delegate](const std::string& url) { delegate.handleURL(url); },
+         [&delegate](const std::string& name) {
+             if (const auto module = moduleFromRawValue(name))
+                 delegate.togglePanel(*module, cornerAnchor(Session::current().windows, ScreenPlace::all()));
+         }});
     if (!service.start()) {
         std::fputs("velmora: there is no session bus, so no tray can show the items\n", stderr);
     }

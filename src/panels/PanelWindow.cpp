@@ -169,6 +169,8 @@ int PanelWindow::wantedHeight() const {
 void PanelWindow::takePlace(const DesktopRect& place) {
     m_place = place;
     const QRect geometry(place.x, place.y, place.width, place.height);
+    // A compositor that places windows stretches one that can be resized over all of its room.
+    if (m_kind == Kind::plain) setFixedSize(geometry.size());
     setGeometry(geometry);
     if (placed) placed(geometry);
 }

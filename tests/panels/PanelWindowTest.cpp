@@ -303,6 +303,17 @@ TEST_F(PanelWindowTest, LostKeyboardIsToldByManagedWindows) {
     }
 }
 
+TEST_F(PanelWindowTest, WindowThatTheCompositorPlacesHasOneSizeAndFollowsItsContent) {
+    PanelWindow& window = open(panelOfCards(1), {.kind = PanelWindow::Kind::plain});
+    const QSize before = window.size();
+    EXPECT_EQ(window.minimumSize(), before);
+    EXPECT_EQ(window.maximumSize(), before);
+    show(panelOfCards(3));
+    EXPECT_GT(window.height(), before.height());
+    EXPECT_EQ(window.minimumSize(), window.size());
+    EXPECT_EQ(window.maximumSize(), window.size());
+}
+
 TEST_F(PanelWindowTest, WindowIsCalledAsItsPanel) {
     PanelWindow& window = open(panelOfCards(1));
     const QAccessibleInterface* const accessible = QAccessible::queryAccessibleInterface(&window);

@@ -49,6 +49,9 @@ DesktopColors::DesktopColors(RunLoop& loop, const SessionBus& bus, const Session
             watchPlasmaFiles();
             gather();
         });
+        connect(m_files.get(), &QFileSystemWatcher::directoryChanged, this, [this] {
+            if (watchPlasmaFiles()) gather();
+        });
         watchPlasmaFiles();
     }
     qApp->installEventFilter(this);
@@ -97,11 +100,21 @@ void DesktopColors::gather() {
     changed.fire();
 }
 
-/// The programs that store these files replace them, which ends the watch of the old file.
-void DesktopColors::watchPlasmaFiles() {
+/// The programs that store these files replace them, which ends the watch of the old file. A file that is
+/// missing is waited for by way of its folder.
+bool DesktopColors::watchPlasmaFiles() {
+    bool isAnyNew = false;
+    bool isAnyMissing = false;
     for (const QString& path : {m_plasma.plasmarc(), m_plasma.kdeglobals()}) {
-        if (!m_files->files().contains(path)) m_files->addPath(path);
+        if (m_files->files().contains(path)) continue;
+        (m_files->addPath(path) ? isAnyNew : isAnyMissing) = true;
     }
+    if (isAnyMissing) {
+        m_files->addPath(m_plasma.configuration);
+    } else {
+        m_files->removePath(m_plasma.configuration);
+    }
+    return isAnyNew;
 }
 
 std::optional<double> DesktopColors::panelPixels() const {

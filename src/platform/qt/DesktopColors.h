@@ -40,7 +40,8 @@ protected:
 private:
     void gather();
     void gatherLater();
-    void watchPlasmaFiles();
+    /// True if one of them was not watched before.
+    bool watchPlasmaFiles();
     std::optional<double> panelPixels() const;
 
     RunLoop& m_loop;

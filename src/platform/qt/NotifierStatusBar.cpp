@@ -25,10 +25,6 @@ double largestScreenRatio() {
     return largest;
 }
 
-DesktopRect desktopRect(const QRect& rect) {
-    return {rect.x(), rect.y(), rect.width(), rect.height()};
-}
-
 }  // namespace
 
 NotifierStatusBar::NotifierStatusBar(RunLoop& loop, const SessionBus& bus, const Session& session,
@@ -168,10 +164,6 @@ void NotifierStatusBar::chosen(const std::string& id, const QString& action) {
 }
 
 Anchor NotifierStatusBar::anchorFor(const NotifierItem& item, int x, int y) const {
-    std::vector<DesktopRect> screens;
-    for (const QScreen* screen : QGuiApplication::screens())
-        screens.push_back(desktopRect(screen->geometry()));
-    const QScreen* const primary = QGuiApplication::primaryScreen();
     const auto& pixels = item.image().pixels;
     const QPoint pointer = QCursor::pos();
     return trayAnchor({.x = x,
@@ -179,8 +171,7 @@ Anchor NotifierStatusBar::anchorFor(const NotifierItem& item, int x, int y) cons
                        .pointerX = pointer.x(),
                        .pointerY = pointer.y(),
                        .imageWidth = pixels.empty() ? 0 : pixels.front().width},
-                      m_host, m_session.windows, screens,
-                      primary ? desktopRect(primary->availableGeometry()) : DesktopRect{});
+                      m_host, m_session.windows, ScreenPlace::all());
 }
 
 void NotifierStatusBar::takeOut(NotifierItem& item) {

@@ -1,10 +1,9 @@
 #pragma once
 
-#include "platform/PanelPlacement.h"
 #include "platform/qt/HostProfile.h"
+#include "platform/qt/ScreenPlace.h"
 #include "platform/qt/Session.h"
 
-#include <optional>
 #include <vector>
 
 namespace velmora {
@@ -19,9 +18,16 @@ struct TrayClick {
 };
 
 /// Where a panel opens after a click in a tray: at the pointer where it is known, else at the host's point if
-/// that can be trusted and lies on a screen, else in the top right corner of what is available on the primary
-/// screen.
+/// that can be trusted and lies on a screen, else where `cornerAnchor` says. The first screen is the primary
+/// one; there may be none.
+///
+/// Some compositors do not tell X clients what their bars leave free, and draw the bars over every window.
+/// Where nothing is left free at the point's edge of the screen, the anchor is as high as a bar.
 Anchor trayAnchor(const TrayClick& click, const HostProfile& host, Session::WindowSystem windows,
-                  const std::vector<DesktopRect>& screens, const DesktopRect& primaryAvailable);
+                  const std::vector<ScreenPlace>& screens);
+
+/// Where a panel opens if nobody knows where its item is: the top right corner of what is available on the
+/// first screen.
+Anchor cornerAnchor(Session::WindowSystem windows, const std::vector<ScreenPlace>& screens);
 
 }  // namespace velmora

@@ -67,6 +67,32 @@ TEST_F(DesktopColorsTest, PortalsSchemeIsReadAndFollowed) {
     EXPECT_EQ(m_changes, 3);
 }
 
+TEST_F(DesktopColorsTest, OtherSettingsOfThePortalAreNotTakenForTheScheme) {
+    FakePortal portal(m_sessionBus, 2);
+    start(Desktop::other);
+    ASSERT_TRUE(waitUntil([&] { return found().prefersDark == false; }));
+    portal.announce(QStringLiteral("org.freedesktop.appearance"), QStringLiteral("contrast"), 1);
+    portal.announce(QStringLiteral("org.gnome.desktop.interface"), QStringLiteral("color-scheme"), 1);
+    portal.setScheme(0);
+    ASSERT_TRUE(waitUntil([&] { return !found().prefersDark.has_value(); }));
+    EXPECT_EQ(m_changes, 2) << "light, and then nothing";
+}
+
+TEST_F(DesktopColorsTest, PaletteWithTheSameWindowsIsNoChange) {
+    const QPalette before = QApplication::palette();
+    start(Desktop::other);
+    QPalette other = before;
+    other.setColor(QPalette::Highlight, QColor(1, 2, 3));
+    QApplication::setPalette(other);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_changes, 0);
+    other.setColor(QPalette::Window, QColor(1, 2, 3));
+    QApplication::setPalette(other);
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_changes, 1);
+    QApplication::setPalette(before);
+}
+
 TEST_F(DesktopColorsTest, WithoutAPortalThePaletteIsFollowed) {
     const QPalette before = QApplication::palette();
     start(Desktop::other);
@@ -105,6 +131,26 @@ TEST_F(DesktopColorsTest, PlasmasFilesAreReadAndFollowed) {
                           m_folder.filePath("kdeglobals").toUtf8().constData()),
               0);
     EXPECT_TRUE(waitUntil([&] { return found().plasmaPanel.value_or(1) < 0.1; }));
+}
+
+TEST_F(DesktopColorsTest, PlasmasFileThatIsMadeLaterIsFollowedFromThenOn) {
+    // There is no plasmarc until the user chooses a theme for the panels; that choice was not noticed.
+    write("kdeglobals", "[Colors:Window]\nBackgroundNormal=255,255,255\n");
+    QDir(m_folder.path()).mkpath(QStringLiteral("plasma/desktoptheme/night"));
+    write("plasma/desktoptheme/night/colors", "[Colors:Window]\nBackgroundNormal=0,0,0\n");
+    start(Desktop::plasma);
+    ASSERT_GT(found().plasmaPanel.value_or(0), 0.9);
+    write("other.new", "a file that has nothing to do with it");
+    write("plasmarc.new", "[Theme]\nname=night\n");
+    ASSERT_EQ(std::rename(m_folder.filePath("plasmarc.new").toUtf8().constData(),
+                          m_folder.filePath("plasmarc").toUtf8().constData()),
+              0);
+    ASSERT_TRUE(waitUntil([&] { return found().plasmaPanel.value_or(1) < 0.1; }));
+    write("plasmarc.new", "[Theme]\nname=default\n");
+    ASSERT_EQ(std::rename(m_folder.filePath("plasmarc.new").toUtf8().constData(),
+                          m_folder.filePath("plasmarc").toUtf8().constData()),
+              0);
+    EXPECT_TRUE(waitUntil([&] { return found().plasmaPanel.value_or(0) > 0.9; }));
 }
 
 TEST_F(DesktopColorsTest, OtherDesktopsFilesDoNotCount) {

@@ -31,6 +31,10 @@ void FakePortal::setScheme(uint scheme) {
     emit SettingChanged(kGroup, kKey, QDBusVariant(scheme));
 }
 
+void FakePortal::announce(const QString& group, const QString& key, uint value) {
+    emit SettingChanged(group, key, QDBusVariant(value));
+}
+
 QDBusVariant FakePortal::Read(const QString& group, const QString& key) {
     const uint scheme = group == kGroup && key == kKey ? m_scheme : 0;
     return QDBusVariant(QVariant::fromValue(QDBusVariant(scheme)));

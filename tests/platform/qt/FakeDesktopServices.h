@@ -21,6 +21,8 @@ public:
     ~FakePortal() override;
 
     void setScheme(uint scheme);
+    /// Tells of a change of another setting.
+    void announce(const QString& group, const QString& key, uint value);
 
 public slots:
     QDBusVariant Read(const QString& group, const QString& key);

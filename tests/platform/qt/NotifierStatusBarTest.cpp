@@ -298,6 +298,21 @@ TEST_F(NotifierStatusBarTest, ItemsThatChangeWhileOthersStillRegisterEndUpInOrde
     EXPECT_EQ(m_host.titles(), (QStringList{"Velmora 1 CPU", "Velmora 2 MEM"}));
 }
 
+TEST_F(NotifierStatusBarTest, ItemThatLeavesBetweenTwoRegistrationsLetsTheNextOneRestToo) {
+    start(kSquareHost);
+    registerItems({kCpu, kDisk});
+    // The step to another registration is due in 0.3 seconds, the end of the rest in 1.
+    ASSERT_EQ(m_loop.timerCount(), 1U);
+    const QString cpu = m_host.registered.value(0);
+    m_bar->setItems({kCpu, kMemory, kDisk});
+    ASSERT_TRUE(waitUntil([&] { return m_host.registered.size() == 1; }));
+    m_loop.advance(0.99);
+    m_host.roundTrip(cpu);
+    EXPECT_EQ(m_host.registrations, 2);
+    m_loop.advance(0.01);
+    EXPECT_TRUE(waitUntil([&] { return m_host.registrations == 3; }));
+}
+
 TEST_F(NotifierStatusBarTest, NewHostGetsAllItemsAnewUnderTheSameAddresses) {
     start(kSquareHost);
     registerItems({kCpu, kMemory});
@@ -480,6 +495,31 @@ TEST_F(FallbackMenuTest, RedrawnFallbackAnnouncesItsMenuOnlyIfThatChanged) {
     m_bar->setImage(kFallback.id, imageOf(1));
     m_host.roundTrip(onlyItem());
     EXPECT_EQ(m_host.signalCounts["LayoutUpdated"], 1);
+}
+
+TEST_F(FallbackMenuTest, EveryChangeOfTheMenuHasARevisionOfItsOwn) {
+    const auto revision = [this] {
+        return m_host
+            .call(onlyItem(), kMenuPath, kMenuInterface, QStringLiteral("GetLayout"), {0, -1, QStringList()})
+            .arguments()
+            .value(0)
+            .toUInt();
+    };
+    const uint first = revision();
+    EXPECT_EQ(revision(), first);
+    m_entries[3].title = "Beenden";
+    const uint second = revision();
+    EXPECT_GT(second, first);
+    m_entries.pop_back();
+    EXPECT_GT(revision(), second);
+}
+
+TEST_F(FallbackMenuTest, MenuWithoutEntriesDoesNotOpen) {
+    m_entries.clear();
+    m_host.call(onlyItem(), kItemPath, kItemInterface, "Activate", {100, 20});
+    m_host.roundTrip(onlyItem());
+    QCoreApplication::processEvents();
+    EXPECT_EQ(m_bar->menu().menu(), nullptr);
 }
 
 TEST_F(FallbackMenuTest, AboutToShowTellsWhetherTheMenuChanged) {

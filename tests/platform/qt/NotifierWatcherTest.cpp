@@ -67,6 +67,20 @@ TEST_F(NotifierWatcherTest, WatcherWithoutADrawingHostIsNoHost) {
     EXPECT_TRUE(waitUntil([&] { return !m_watcher->host(); }));
 }
 
+TEST_F(NotifierWatcherTest, SecondDrawingHostIsNoChange) {
+    m_host.appear();
+    start();
+    ASSERT_TRUE(waitForHost());
+    int changes = 0;
+    const Subscription subscription = m_watcher->hostChanged.subscribe([&] { ++changes; });
+    m_host.setHasHost(true);
+    m_host.setHasHost(false);
+    ASSERT_TRUE(waitUntil([&] { return !m_watcher->host(); }));
+    m_host.setHasHost(true);
+    ASSERT_TRUE(waitForHost());
+    EXPECT_EQ(changes, 2) << "only the going and the coming";
+}
+
 TEST_F(NotifierWatcherTest, HostThatGoesIsNoticed) {
     std::optional<FakeTrayHost> other(m_sessionBus);
     other->appear();

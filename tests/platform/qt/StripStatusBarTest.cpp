@@ -115,6 +115,17 @@ TEST_F(StripStatusBarTest, ItemThatStaysKeepsItsCellAndImage) {
     EXPECT_EQ(cell(1)->imageWidth(), 40);
 }
 
+TEST_F(StripStatusBarTest, RemovedItemIsGoneAtOnceAndTheOthersCloseUp) {
+    m_bar.setItems({kCpu, kMemory});
+    m_bar.setImage(kCpu.id, imageOf(60, 22, 0xFF000000));
+    m_bar.setImage(kMemory.id, imageOf(40, 22, 0xFF000000));
+    m_bar.setItems({kMemory});
+    ASSERT_EQ(cells().size(), 1);
+    EXPECT_EQ(cell(0)->item().id, kMemory.id);
+    EXPECT_EQ(cell(0)->geometry(), QRect(0, 0, 46, 26));
+    EXPECT_EQ(m_bar.window().width(), 46);
+}
+
 TEST_F(StripStatusBarTest, ImageIsPaintedAsItIsInTheMiddleOfItsCell) {
     m_bar.setItems({kCpu});
     m_bar.setDark(true);
@@ -155,6 +166,9 @@ TEST_F(StripStatusBarTest, CellStaysLitWhileItsPopupIsOpenAndNoLonger) {
         m_bar.activated.subscribe([&popup](const std::string&, const Anchor&) { popup.show(); });
     press(cell(0));
     EXPECT_TRUE(cell(0)->isHovered());
+    QEvent leave(QEvent::Leave);
+    QCoreApplication::sendEvent(cell(0), &leave);
+    EXPECT_TRUE(cell(0)->isHovered()) << "the popup took the pointer";
     popup.hide();
     EXPECT_FALSE(cell(0)->isHovered()) << "the pointer had left meanwhile";
 }

@@ -11,6 +11,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
+#include <QMenu>
 #include <QMouseEvent>
 
 namespace velmora {
@@ -23,6 +25,7 @@ const Session kX11{Session::WindowSystem::x11, Session::Desktop::other};
 const Session kWayland{Session::WindowSystem::wayland, Session::Desktop::other};
 const StatusItem kCpu{"Velmora.cpu", "CPU", "Velmora — CPU", false, false};
 const StatusItem kMemory{"Velmora.memory", "MEM", "Velmora — MEM", false, false};
+const StatusItem kFallback{"Velmora.fallback", "Velmora", "Velmora", true, true};
 
 ItemImage imageOf(std::uint32_t color) {
     return {{{60, 22, 1, std::vector<std::uint32_t>(60U * 22U, color)}}, "42%"};
@@ -232,6 +235,13 @@ TEST_F(SwitchingStatusBarTest, InkOfTheUserDecidesAtOnce) {
     EXPECT_EQ(m_bar->place(), Place::dock);
 }
 
+TEST_F(SwitchingStatusBarTest, NewPlaceIsDrawnOnceAndInItsShade) {
+    start(kX11, {.ink = InkPreference::light});
+    ASSERT_TRUE(waitForPlace(Place::dock));
+    EXPECT_TRUE(m_bar->appearance().dark);
+    EXPECT_EQ(m_changes, 1);
+}
+
 TEST_F(SwitchingStatusBarTest, DesktopsSchemeIsFollowedAtOnce) {
     FakePortal portal(m_sessionBus, 2);
     start(kX11);
@@ -241,6 +251,35 @@ TEST_F(SwitchingStatusBarTest, DesktopsSchemeIsFollowedAtOnce) {
     portal.setScheme(1);
     ASSERT_TRUE(waitUntil([&] { return m_bar->appearance().dark; }));
     EXPECT_EQ(m_changes, 1);
+}
+
+TEST_F(SwitchingStatusBarTest, DesktopsSchemeIsFollowedInATrayToo) {
+    FakePortal portal(m_sessionBus, 2);
+    showHost();
+    start(kWayland);
+    ASSERT_TRUE(waitForPlace(Place::tray));
+    EXPECT_FALSE(m_bar->appearance().dark);
+    m_changes = 0;
+    portal.setScheme(1);
+    ASSERT_TRUE(waitUntil([&] { return m_bar->appearance().dark; }));
+    EXPECT_EQ(m_changes, 1);
+}
+
+TEST_F(SwitchingStatusBarTest, ItemThatComesBackDoesNotShowItsOldImageInANewPlace) {
+    start(kX11);
+    ASSERT_TRUE(waitForPlace(Place::dock));
+    m_bar->setItems({kMemory});
+    m_bar->setItems({kCpu, kMemory});
+    showHost();
+    ASSERT_TRUE(waitForTimer(0.5));
+    m_loop.advance(0.5);
+    ASSERT_TRUE(waitForRegistrations(2));
+    const auto iconsOf = [this](int item) {
+        return qdbus_cast<QList<IconImage>>(
+            m_host->properties(m_host->registered.value(item)).value("IconPixmap"));
+    };
+    EXPECT_TRUE(iconsOf(0).isEmpty());
+    EXPECT_EQ(iconsOf(1).size(), 1);
 }
 
 TEST_F(SwitchingStatusBarTest, ItemsThatWereRemovedDoNotComeBackWithASwitch) {
@@ -265,6 +304,27 @@ TEST_F(SwitchingStatusBarTest, ClicksAndMenusPassThrough) {
     ASSERT_NE(cell, nullptr);
     cell->pressed(*cell);
     EXPECT_EQ(clicks, std::vector<std::string>{kCpu.id});
+
+    std::vector<std::string> asked;
+    std::vector<std::string> chosen;
+    m_bar->menuEntries = [&](const std::string& id) {
+        asked.push_back(id);
+        return std::vector<StatusMenuEntry>{{"menu.quit", "Quit", "q"}};
+    };
+    const Subscription choosing =
+        m_bar->menuChosen.subscribe([&](const std::string& action) { chosen.push_back(action); });
+    m_bar->setItems({kFallback});
+    m_bar->setImage(kFallback.id, imageOf(0xFF000000));
+    for (StripCell* const each : m_bar->strip()->window().findChildren<StripCell*>()) {
+        if (each->item() == kFallback) each->pressed(*each);
+    }
+    EXPECT_EQ(asked, std::vector<std::string>{kFallback.id});
+    QMenu* const menu = m_bar->strip()->menu().menu();
+    ASSERT_NE(menu, nullptr);
+    menu->actions().value(0)->trigger();
+    ASSERT_TRUE(waitUntil([&] { return !chosen.empty(); }));
+    EXPECT_EQ(chosen, std::vector<std::string>{"menu.quit"});
+    EXPECT_EQ(clicks.size(), 1U);
 }
 
 TEST_F(SwitchingStatusBarTest, NothingRunsAtRest) {
