@@ -1,6 +1,7 @@
 #include "menubar/MenuBarPieces.h"
 
 #include <QStringList>
+#include <QTextBoundaryFinder>
 
 #include <algorithm>
 #include <utility>
@@ -50,6 +51,18 @@ std::vector<double> lastOf(std::span<const double> values, std::size_t barCount)
 
 std::vector<double> lastOverScale(std::span<const double> values, double scale, std::size_t barCount) {
     return Geometry::normalize(lastOf(values, barCount), scale);
+}
+
+/// Those that a column has room for. A letter with its marks is one.
+QStringList firstLetters(const QString& label) {
+    QStringList letters;
+    QTextBoundaryFinder boundaries(QTextBoundaryFinder::Grapheme, label);
+    qsizetype start = 0;
+    while (letters.size() < kColumnLetters && boundaries.toNextBoundary() > start) {
+        letters.append(label.sliced(start, boundaries.position() - start));
+        start = boundaries.position();
+    }
+    return letters;
 }
 
 /// An outline and its filling on whole pixels.
@@ -159,11 +172,10 @@ Piece combine(Piece graph, Piece text) {
 }
 
 Piece withVerticalLabel(const QString& label, Piece shape, const Ink& ink) {
-    QStringList letters;
+    const QStringList letters = firstLetters(label);
     std::vector<double> widths;
-    for (const QChar letter : label.first(std::min(label.size(), kColumnLetters))) {
-        letters.append(QString(letter));
-        widths.push_back(MenuBarText::width(verticalLabelFont, letters.back()));
+    for (const QString& letter : letters) {
+        widths.push_back(MenuBarText::width(verticalLabelFont, letter));
     }
     const double column = Geometry::letterColumn(widths);
     const double shapeX = column + Geometry::kColumnGap;

@@ -28,6 +28,14 @@ TEST(MenuBarFigures, NetworkShowsSendingAboveReceiving) {
               (FigureLines{"↑ 12K", "↓ 3.4M", LinesLayout::twoValues}));
 }
 
+TEST(MenuBarFigures, ProcessorShowsAndFillsToItsUse) {
+    StatsSnapshot snapshot;
+    snapshot.cpu.usage = 0.9;
+    snapshot.cpu.user = 0.2;
+    EXPECT_EQ(lines(StatsModule::cpu, snapshot).bottom, "90%");
+    EXPECT_EQ(fraction(StatsModule::cpu, snapshot), 0.9);
+}
+
 TEST(MenuBarFigures, MemoryShowsPressureNotUse) {
     StatsSnapshot snapshot;
     snapshot.memory.total = 100;
@@ -49,14 +57,34 @@ TEST(MenuBarFigures, VolumeOfUnknownCapacityIsZero) {
     EXPECT_EQ(fraction(StatsModule::disk, snapshot), 0.0);
 }
 
+TEST(MenuBarFigures, DiskIsTheVolumeOfTheSystemWhereverItStandsInTheList) {
+    StatsSnapshot snapshot;
+    DiskVolume other = volume(100, 90);
+    other.path = "/data";
+    snapshot.disk.volumes = {other, volume(200, 50)};
+    EXPECT_EQ(lines(StatsModule::disk, snapshot), (FigureLines{"DSK", "75%"}));
+    EXPECT_EQ(fraction(StatsModule::disk, snapshot), 0.75);
+}
+
 TEST(MenuBarFigures, VolumeWithMoreFreeThanItHoldsCountsAsEmpty) {
     EXPECT_EQ(usedShare(volume(100, 130)), 0);
     EXPECT_EQ(usedShare(volume(100, 25)), 0.75);
+    StatsSnapshot snapshot;
+    snapshot.disk.volumes = {volume(100, 130)};
+    EXPECT_EQ(lines(StatsModule::disk, snapshot).bottom, "0%");
+    EXPECT_EQ(fraction(StatsModule::disk, snapshot), 0.0);
 }
 
 TEST(MenuBarFigures, NoTemperatureIsADash) {
     EXPECT_EQ(lines(StatsModule::sensors, {}), (FigureLines{"SEN", "—"}));
     EXPECT_FALSE(fraction(StatsModule::sensors, {}));
+}
+
+TEST(MenuBarFigures, TemperatureIsRoundedToWholeDegrees) {
+    StatsSnapshot snapshot;
+    snapshot.sensors.temperatures = {{TempCategory::gpu, 99.0}, {TempCategory::cpu, 56.6}};
+    EXPECT_EQ(lines(StatsModule::sensors, snapshot), (FigureLines{"SEN", "57°"}));
+    EXPECT_DOUBLE_EQ(*fraction(StatsModule::sensors, snapshot), 0.566);
 }
 
 TEST(MenuBarFigures, TemperatureFillsToAHundredDegreesAtMost) {
@@ -110,6 +138,15 @@ TEST(MenuBarFigures, QuietNetworkFillsAgainstTheFloor) {
     snapshot.network.downPerSec = 20'000;
     snapshot.network.upPerSec = 5'000;
     EXPECT_DOUBLE_EQ(*fraction(StatsModule::network, snapshot), 0.25);
+}
+
+TEST(MenuBarFigures, NetworkWithSeriesOfUnequalLengthFillsToTheirPairs) {
+    StatsSnapshot snapshot;
+    snapshot.network.downHistory.append(1e6);
+    snapshot.network.downHistory.append(8e6);
+    snapshot.network.upHistory.append(1e6);
+    snapshot.network.downPerSec = 1e6;
+    EXPECT_DOUBLE_EQ(*fraction(StatsModule::network, snapshot), 0.5);
 }
 
 TEST(MenuBarFigures, NetworkAboveItsHistoryIsFull) {

@@ -106,9 +106,54 @@ TEST(MenuBarRenderer, BatteryGaugeOnADesktopIsTheHistoryGraph) {
     snapshot.battery.present = false;
     for (const ModuleStyle style : {ModuleStyle::gauge, ModuleStyle::gaugeOnly, ModuleStyle::pie,
                                     ModuleStyle::pieOnly, ModuleStyle::bar, ModuleStyle::barOnly}) {
-        EXPECT_EQ(draw(style, StatsModule::battery, snapshot),
-                  draw(ModuleStyle::graph, StatsModule::battery, snapshot));
+        const QImage image = draw(style, StatsModule::battery, snapshot);
+        EXPECT_EQ(image, draw(ModuleStyle::graph, StatsModule::battery, snapshot));
+        EXPECT_EQ(widthOf(image), 32);
+        // The newest bar, in the last slot.
+        EXPECT_NEAR(alphaAt(image, static_cast<int>((1 + 1.875 * 15 + 1.375 / 2) * 2), 34), 255 * 0.85, 2);
     }
+}
+
+TEST(MenuBarRenderer, AbsentFiguresShowTheGraphInPlaceOfAShape) {
+    const StatsSnapshot nothing;
+    for (const StatsModule module : {StatsModule::disk, StatsModule::sensors, StatsModule::battery}) {
+        for (const ModuleStyle style : {ModuleStyle::gauge, ModuleStyle::pieOnly, ModuleStyle::bar}) {
+            EXPECT_EQ(widthOf(draw(style, module, nothing)), 32);
+        }
+    }
+    for (const StatsModule module : {StatsModule::cpu, StatsModule::memory, StatsModule::network}) {
+        EXPECT_EQ(widthOf(draw(ModuleStyle::gaugeOnly, module, nothing)), 10) << "these have a figure, 0";
+    }
+}
+
+TEST(MenuBarRenderer, GraphOfAModuleIsOfItsOwnSeries) {
+    const auto hasBars = [](StatsModule module, const StatsSnapshot& snapshot) {
+        return strongest(draw(ModuleStyle::graph, module, snapshot), {40, 10, 22, 28}) > 128;
+    };
+    StatsSnapshot own;
+    own.cpu.history.append(1);
+    own.memory.pressureHistory.append(1);
+    own.disk.activityHistory.append(1e9);
+    own.network.downHistory.append(1e9);
+    own.sensors.history.append(1);
+    own.battery.history.append(1);
+    StatsSnapshot others;
+    others.cpu.userHistory.append(1);
+    others.memory.history.append(1);
+    others.disk.readHistory.append(1e9);
+    for (const StatsModule module : kAllModules) {
+        EXPECT_TRUE(hasBars(module, own)) << shortLabel(module);
+        EXPECT_FALSE(hasBars(module, others)) << shortLabel(module);
+    }
+}
+
+TEST(MenuBarRenderer, BarHasTheModulesLabelAndBarOnlyNone) {
+    // Above 13 points there is the label and nothing else.
+    const QRect above(0, 0, 44, 18);
+    EXPECT_GT(strongest(draw(ModuleStyle::bar, StatsModule::cpu, withCpu(0.5)), above), 0);
+    EXPECT_EQ(strongest(draw(ModuleStyle::barOnly, StatsModule::cpu, withCpu(0.5)), {0, 0, 44, 14}), 0);
+    EXPECT_NE(draw(ModuleStyle::bar, StatsModule::cpu, withCpu(0)),
+              draw(ModuleStyle::bar, StatsModule::memory, {}));
 }
 
 TEST(MenuBarRenderer, BatteryValueOnADesktopIsADashBelowTheLabel) {

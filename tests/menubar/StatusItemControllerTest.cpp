@@ -132,6 +132,26 @@ TEST_F(StatusItemControllerTest, DisablingTheLastModuleShowsTheFallbackWithTheCo
     EXPECT_EQ(entries[2], (StatusMenuEntry{"menu.quit", "Quit Velmora", "q"}));
 }
 
+TEST_F(StatusItemControllerTest, SnapshotsDoNotRedrawTheFallbackAndAChangeOfSettingsDoes) {
+    settings.setEnabledModules({});
+    controller();
+    const std::size_t drawn = bar.imageCount("Velmora.fallback");
+    publish({StatsModule::cpu});
+    EXPECT_EQ(bar.imageCount("Velmora.fallback"), drawn);
+    settings.setModuleColors({{StatsModule::cpu, "FF0000"}});
+    runLoop.runPosted();
+    EXPECT_EQ(bar.imageCount("Velmora.fallback"), drawn + 1);
+}
+
+TEST_F(StatusItemControllerTest, TheFallbackIsTintedForItsBar) {
+    settings.setEnabledModules({});
+    controller();
+    EXPECT_LT(inkBrightness("Velmora.fallback"), 10);
+    bar.setAppearance({true, false, {1.0}});
+    runLoop.runPosted();
+    EXPECT_GT(inkBrightness("Velmora.fallback"), 245);
+}
+
 TEST_F(StatusItemControllerTest, EnablingAModuleRemovesTheFallback) {
     settings.setEnabledModules({});
     controller();
@@ -171,6 +191,22 @@ TEST_F(StatusItemControllerTest, AColourChangeRedrawsEveryItemWithinOneHop) {
     EXPECT_EQ(bar.imageCount("Velmora.network"), network + 1);
 }
 
+TEST_F(StatusItemControllerTest, RemovingAColourReturnsToTheAutomaticInk) {
+    constexpr std::uint32_t kRed = 0xFF0000;
+    settings.setStyle(ModuleStyle::pieOnly, StatsModule::cpu);
+    settings.setModuleColors({{StatsModule::cpu, "FF0000"}});
+    StatsSnapshot busy;
+    busy.cpu.usage = 1;
+    snapshot.set(busy);
+    bar.setAppearance({true, false, {1.0}});
+    controller();
+    EXPECT_GT(pixelsOf("Velmora.cpu", kRed), 0u);
+    settings.setModuleColors({});
+    runLoop.runPostedRound();
+    EXPECT_EQ(pixelsOf("Velmora.cpu", kRed), 0u);
+    EXPECT_GT(pixelsOf("Velmora.cpu", 0xFFFFFF), 0u) << "tinted for the dark bar";
+}
+
 TEST_F(StatusItemControllerTest, AStyleChangeShowsWithoutATick) {
     controller();
     settings.setStyle(ModuleStyle::graph, StatsModule::cpu);
@@ -192,8 +228,28 @@ TEST_F(StatusItemControllerTest, AThemeChangeWithACustomColourTurnsTheText) {
     controller();
     EXPECT_LT(inkBrightness("Velmora.cpu"), 10);
     bar.setAppearance({true, false, {1.0}});
-    runLoop.runPosted();
+    runLoop.runPostedRound();
     EXPECT_GT(inkBrightness("Velmora.cpu"), 245);
+    bar.setAppearance({false, false, {1.0}});
+    runLoop.runPostedRound();
+    EXPECT_LT(inkBrightness("Velmora.cpu"), 10);
+}
+
+TEST_F(StatusItemControllerTest, AModuleThatWasNotSampledIsDrawnFromWhatIsKnown) {
+    settings.setStyle(ModuleStyle::barOnly, StatsModule::cpu);
+    StatsSnapshot busy;
+    busy.cpu.usage = 1;
+    snapshot.set(busy);
+    controller();
+    const auto full = bar.current.at("Velmora.cpu").pixels;
+    // Another module's tick carries the old figures along; only a change of settings draws them.
+    StatsSnapshot idle;
+    idle.updated = {StatsModule::memory};
+    snapshot.set(idle);
+    EXPECT_EQ(bar.current.at("Velmora.cpu").pixels, full);
+    settings.setStyle(ModuleStyle::pieOnly, StatsModule::memory);
+    runLoop.runPosted();
+    EXPECT_NE(bar.current.at("Velmora.cpu").pixels, full);
 }
 
 TEST_F(StatusItemControllerTest, ASquareBarGetsSquares) {

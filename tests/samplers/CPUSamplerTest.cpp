@@ -5,8 +5,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace velmora {
 namespace {
 
@@ -116,11 +114,20 @@ TEST_F(CPUSamplerTest, ReadAfterAFailureSpansTheGap) {
     EXPECT_EQ(after.perCore.size(), 1U);
 }
 
-TEST_F(CPUSamplerTest, FailedReadGivesNoEfficiencyCoresToTheEngine) {
-    levels.levels = 2;
-    levels.coresPerLevel = {4, 2};
-    const auto failed = sampleFailing();
-    EXPECT_EQ(std::min<int>(static_cast<int>(failed.perCore.size()), sampler.efficiencyCoreCount()), 0);
+TEST_F(CPUSamplerTest, LongPauseGivesOneDeltaOverAllOfIt) {
+    sample({{.user = 10, .system = 10, .idle = 10, .nice = 10}});
+    // Three hours of one core, a quarter of it at work.
+    const auto after = sample({{.user = 270'010, .system = 10, .idle = 810'010, .nice = 10}});
+    EXPECT_DOUBLE_EQ(after.usage, 0.25);
+}
+
+TEST_F(CPUSamplerTest, SharesOfAllCoresAreWeightedByTheirTicks) {
+    // A core that was switched on for a moment only counts for that moment.
+    sample({{0, 0, 0, 0}, {0, 0, 0, 0}});
+    const auto second = sample(
+        {{.user = 0, .system = 0, .idle = 190, .nice = 0}, {.user = 5, .system = 5, .idle = 0, .nice = 0}});
+    EXPECT_DOUBLE_EQ(second.usage, 10.0 / 200);
+    EXPECT_DOUBLE_EQ(second.perCore[1], 1);
 }
 
 TEST_F(CPUSamplerTest, LoadAverageIsPassedOn) {
@@ -143,6 +150,11 @@ TEST_F(CPUSamplerTest, UptimeFollowsAClockThatIsSet) {
 TEST_F(CPUSamplerTest, BootTimeOfZeroGivesUptimeZero) {
     boot.seconds = 0;
     EXPECT_EQ(sampler.uptime(), 0);
+}
+
+TEST_F(CPUSamplerTest, BootTimeOfOneSecondIsOne) {
+    boot.seconds = 1;
+    EXPECT_DOUBLE_EQ(sampler.uptime(), FakeClock::kStart.secondsSince1970 - 1);
 }
 
 TEST_F(CPUSamplerTest, NegativeBootTimeGivesUptimeZero) {

@@ -41,6 +41,13 @@ TEST(CoreTopologyTest, FailedReadOfTheLastLevelGivesNoEfficiencyCores) {
     EXPECT_EQ(CoreTopology(levels).efficiencyCoreCount(), 0);
 }
 
+TEST(CoreTopologyTest, NegativeCountGivesNoEfficiencyCores) {
+    FakePerformanceLevelSource levels;
+    levels.levels = 2;
+    levels.coresPerLevel = {8, -4};
+    EXPECT_EQ(CoreTopology(levels).efficiencyCoreCount(), 0);
+}
+
 TEST(CoreTopologyTest, TwoLevelsReadTheSecond) {
     NamedLevels levels;
     levels.count = 2;

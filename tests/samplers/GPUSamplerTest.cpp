@@ -24,6 +24,15 @@ public:
     std::vector<nlohmann::json> dictionaries;
 };
 
+/// Fails half-way through its list.
+class InterruptedAccelerators final : public AcceleratorSource {
+public:
+    bool utilizations(std::vector<int>& percents) override {
+        percents = {40};
+        return false;
+    }
+};
+
 class GPUSamplerTest : public testing::Test {
 protected:
     std::optional<double> sample(std::vector<int> percents) {
@@ -52,6 +61,11 @@ TEST_F(GPUSamplerTest, FailedListingGivesNothing) {
     sample({40});
     accelerators.fails = true;
     EXPECT_EQ(sampler.sample(), std::nullopt);
+}
+
+TEST_F(GPUSamplerTest, ListingThatFailsHalfWayGivesNothing) {
+    InterruptedAccelerators interrupted;
+    EXPECT_EQ(GPUSampler(interrupted).sample(), std::nullopt);
 }
 
 TEST_F(GPUSamplerTest, ReportAboveHundredIsPassedOn) {

@@ -110,6 +110,10 @@ TEST_F(MemorySamplerTest, CounterThatFellGivesZeroRateOnceAndIsTheNewBase) {
     // The other counter goes its own way.
     EXPECT_DOUBLE_EQ(fallen.pageOutPerSec, 2.0 * kPage);
     EXPECT_DOUBLE_EQ(sample({.pageIns = 13, .pageOuts = 102}, 1).pageInPerSec, 3.0 * kPage);
+    const auto fallenBack = sample({.pageIns = 17, .pageOuts = 20}, 1);
+    EXPECT_EQ(fallenBack.pageOutPerSec, 0);
+    EXPECT_DOUBLE_EQ(fallenBack.pageInPerSec, 4.0 * kPage);
+    EXPECT_DOUBLE_EQ(sample({.pageIns = 17, .pageOuts = 25}, 1).pageOutPerSec, 5.0 * kPage);
 }
 
 TEST_F(MemorySamplerTest, IntervalOfZeroGivesNoRatesYetTheCountersAdvance) {
@@ -117,10 +121,14 @@ TEST_F(MemorySamplerTest, IntervalOfZeroGivesNoRatesYetTheCountersAdvance) {
     const auto restarted = sample({.pageIns = 200, .pageOuts = 200}, 0);
     EXPECT_EQ(restarted.pageInPerSec, 0);
     EXPECT_EQ(restarted.pageOutPerSec, 0);
-    EXPECT_DOUBLE_EQ(sample({.pageIns = 201, .pageOuts = 203}, 1).pageInPerSec, 1.0 * kPage);
+    const auto next = sample({.pageIns = 201, .pageOuts = 203}, 1);
+    EXPECT_DOUBLE_EQ(next.pageInPerSec, 1.0 * kPage);
+    EXPECT_DOUBLE_EQ(next.pageOutPerSec, 3.0 * kPage);
 }
 
 TEST_F(MemorySamplerTest, MachineWithoutSwapShowsNone) {
+    source.swapUsage = SwapUsage{.total = 4096, .used = 1024};
+    sample({});
     source.swapUsage = SwapUsage{.total = 0, .used = 0};
     const auto result = sample({});
     EXPECT_EQ(result.swapUsed, 0U);
@@ -146,11 +154,13 @@ TEST_F(MemorySamplerTest, FailedSwapReadShowsNoSwap) {
 TEST_F(MemorySamplerTest, FailedReadKeepsTheTotalAndNothingElse) {
     source.swapUsage = SwapUsage{.total = 4096, .used = 1024};
     source.level = 50;
-    sample({.wireCount = 7,
-            .pageIns = 1,
-            .compressorPageCount = 3,
-            .externalPageCount = 9,
-            .internalPageCount = 8});
+    MemoryCounters counters{
+        .wireCount = 7, .compressorPageCount = 3, .externalPageCount = 9, .internalPageCount = 8};
+    sample(counters);
+    counters.pageIns = counters.pageOuts = 100;
+    const auto good = sample(counters);
+    ASSERT_GT(good.pageInPerSec, 0);
+    ASSERT_GT(good.free, 0U);
     source.pages = std::nullopt;
     MemoryStats expected;
     expected.total = kTotal;
@@ -158,10 +168,12 @@ TEST_F(MemorySamplerTest, FailedReadKeepsTheTotalAndNothingElse) {
 }
 
 TEST_F(MemorySamplerTest, ReadAfterAFailureTakesItsRateFromTheLastGoodOne) {
-    sample({.pageIns = 100});
+    sample({.pageIns = 100, .pageOuts = 200});
     source.pages = std::nullopt;
     sampleSource();
-    EXPECT_DOUBLE_EQ(sample({.pageIns = 110}, 2).pageInPerSec, 5.0 * kPage);
+    const auto after = sample({.pageIns = 110, .pageOuts = 206}, 2);
+    EXPECT_DOUBLE_EQ(after.pageInPerSec, 5.0 * kPage);
+    EXPECT_DOUBLE_EQ(after.pageOutPerSec, 3.0 * kPage);
 }
 
 TEST_F(MemorySamplerTest, FailedFirstReadStillLeavesTheNextOneWithoutRates) {

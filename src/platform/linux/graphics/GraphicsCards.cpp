@@ -17,6 +17,8 @@ std::vector<int> GraphicsCards::read(double nowSeconds) {
     const std::string folder = m_root.path("sys/class/drm/");
     m_hasCards = false;
     m_anyNvidiaAsleep = false;
+    m_anyNvidiaAtWork = false;
+    m_mayNvidiaSleep = false;
     std::vector<std::string> cards;
     for (const std::string& name : systemFolderEntries(folder)) {
         // "card0-HDMI-A-1" is a connector of "card0".
@@ -29,6 +31,7 @@ std::vector<int> GraphicsCards::read(double nowSeconds) {
     for (const std::string& card : cards) {
         if (const auto percent = readCard(card, nowSeconds)) percents.push_back(*percent);
     }
+    leaveNvidiaInPeace(nowSeconds);
     return percents;
 }
 
@@ -74,9 +77,6 @@ std::optional<int> GraphicsCards::readIntel(const std::vector<std::string>& idle
 }
 
 std::optional<int> GraphicsCards::readNvidia(const std::string& card, double nowSeconds) {
-    // Each question starts the card's waiting time for sleep anew, so an idle one that may sleep is left in
-    // peace for longer than that time.
-    constexpr double kPeaceSeconds = 30;
     if (!std::exchange(m_nvidiaLoadTried, true)) m_nvidia = m_loadNvidia();
     if (!m_nvidia) return std::nullopt;
     if (isAsleep(card)) return 0;
@@ -86,11 +86,18 @@ std::optional<int> GraphicsCards::readNvidia(const std::string& card, double now
     const auto address = systemLinkName(card + "/device");
     if (!address) return std::nullopt;
     const auto percent = m_nvidia->utilization(*address);
-    if (percent == 0 && readSystemWord(card + "/device/power/control") == "auto") {
-        m_nvidia->release();
-        m_nvidiaLeftAloneUntil = nowSeconds + kPeaceSeconds;
-    }
+    if (percent.value_or(0) > 0) m_anyNvidiaAtWork = true;
+    if (percent == 0 && readSystemWord(card + "/device/power/control") == "auto") m_mayNvidiaSleep = true;
     return percent;
+}
+
+/// Each question starts a card's waiting time for sleep anew, so an idle one that may sleep is left in peace
+/// for longer than that time. The library holds all cards, so this is for all or for none of them.
+void GraphicsCards::leaveNvidiaInPeace(double nowSeconds) {
+    constexpr double kPeaceSeconds = 30;
+    if (!m_mayNvidiaSleep || m_anyNvidiaAtWork) return;
+    m_nvidia->release();
+    m_nvidiaLeftAloneUntil = nowSeconds + kPeaceSeconds;
 }
 
 std::vector<std::string> GraphicsCards::i915IdleCounters(const std::string& card) const {

@@ -42,6 +42,7 @@ private:
     std::optional<int> readAmd(const std::string& card) const;
     std::optional<int> readIntel(const std::vector<std::string>& idleCounters, double nowSeconds);
     std::optional<int> readNvidia(const std::string& card, double nowSeconds);
+    void leaveNvidiaInPeace(double nowSeconds);
     std::vector<std::string> i915IdleCounters(const std::string& card) const;
     std::vector<std::string> xeIdleCounters(const std::string& card) const;
     bool isAsleep(const std::string& card) const;
@@ -52,6 +53,8 @@ private:
     bool m_nvidiaLoadTried = false;
     std::unique_ptr<NvidiaLibrary> m_nvidia;
     bool m_anyNvidiaAsleep = false;
+    bool m_anyNvidiaAtWork = false;  ///< By the answers of the present read, as is the next.
+    bool m_mayNvidiaSleep = false;   ///< One is idle, and the system may put it to sleep.
     double m_nvidiaLeftAloneUntil = 0;
     bool m_hasCards = false;
     IdleSamples m_idleSamples;

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <map>
 #include <string>
 #include <vector>
 
@@ -15,6 +16,7 @@ using Percents = std::vector<int>;
 /// What the library of the tests answers and was asked.
 struct NvidiaRecord {
     std::optional<int> answer = 55;
+    std::map<std::string, int> answers;  ///< Of single cards, before `answer`.
     std::vector<std::string> asked;
     int releases = 0;
     int loads = 0;
@@ -25,7 +27,8 @@ public:
     explicit RecordingNvidia(NvidiaRecord& record) : m_record(record) {}
     std::optional<int> utilization(const std::string& pciAddress) override {
         m_record.asked.push_back(pciAddress);
-        return m_record.answer;
+        const auto own = m_record.answers.find(pciAddress);
+        return own == m_record.answers.end() ? m_record.answer : own->second;
     }
     void release() override { ++m_record.releases; }
 
@@ -102,9 +105,11 @@ TEST_F(GraphicsCardsTest, PercentageAboveHundredIsNoFigure) {
 }
 
 TEST_F(GraphicsCardsTest, SleepingCardIsIdleWithoutBeingRead) {
-    addCard("card0", "amdgpu", "suspended");
-    setAmd("card0", "77");
-    EXPECT_EQ(cards.read(0), Percents{0});
+    for (const char* status : {"suspended", "suspending"}) {
+        addCard("card0", "amdgpu", status);
+        setAmd("card0", "77");
+        EXPECT_EQ(cards.read(0), Percents{0}) << status;
+    }
 }
 
 TEST_F(GraphicsCardsTest, CardOfAnUnknownDriverIsLeftOut) {
@@ -207,6 +212,31 @@ TEST_F(GraphicsCardsTest, IdleNvidiaCardThatMaySleepIsLeftInPeace) {
     EXPECT_EQ(nvidia.asked.size(), 1U);
     nvidia.answer = 80;
     EXPECT_EQ(cards.read(31), Percents{80});
+}
+
+TEST_F(GraphicsCardsTest, BusyNvidiaCardIsNotHiddenByAnIdleOneThatMaySleep) {
+    // The idle card was left in peace, and with it all others for as long as it stayed idle.
+    addNvidia("card0", "0000:01:00.0", "active", "auto");
+    addNvidia("card1", "0000:02:00.0", "active", "auto");
+    nvidia.answers = {{"0000:01:00.0", 0}, {"0000:02:00.0", 90}};
+    EXPECT_EQ(cards.read(0), (Percents{0, 90}));
+    EXPECT_EQ(cards.read(2), (Percents{0, 90}));
+    EXPECT_EQ(nvidia.releases, 0);
+    nvidia.answers["0000:02:00.0"] = 0;
+    EXPECT_EQ(cards.read(4), (Percents{0, 0}));
+    EXPECT_EQ(nvidia.releases, 1) << "both may sleep now";
+    EXPECT_EQ(cards.read(6), (Percents{0, 0}));
+    EXPECT_EQ(nvidia.asked.size(), 6U);
+}
+
+TEST_F(GraphicsCardsTest, IdleNvidiaCardThatMaySleepIsLeftInPeaceWithOneThatNeverSleeps) {
+    addNvidia("card0", "0000:01:00.0", "active", "on");
+    addNvidia("card1", "0000:02:00.0", "active", "auto");
+    nvidia.answer = 0;
+    EXPECT_EQ(cards.read(0), (Percents{0, 0}));
+    EXPECT_EQ(nvidia.releases, 1);
+    EXPECT_EQ(cards.read(10), (Percents{0, 0}));
+    EXPECT_EQ(nvidia.asked.size(), 2U);
 }
 
 TEST_F(GraphicsCardsTest, IdleNvidiaCardThatNeverSleepsIsAskedEachTime) {

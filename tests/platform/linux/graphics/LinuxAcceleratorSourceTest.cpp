@@ -66,6 +66,13 @@ TEST_F(LinuxAcceleratorSourceTest, QuickQuestionsShareAReading) {
     EXPECT_EQ(queue.pendingCount(), 1U);
 }
 
+TEST_F(LinuxAcceleratorSourceTest, QuestionALittleEarlyStartsAReading) {
+    ask();
+    work();
+    ask(1.96);
+    EXPECT_EQ(queue.pendingCount(), 1U);
+}
+
 TEST_F(LinuxAcceleratorSourceTest, ReadingUnderWayIsNotStartedAgain) {
     ask();
     ask();

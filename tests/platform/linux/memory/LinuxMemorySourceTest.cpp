@@ -82,6 +82,27 @@ TEST_F(LinuxMemorySourceTest, LevelIsTheAvailableShareRoundedDown) {
     EXPECT_EQ(source().availableLevel(), 37);
 }
 
+TEST_F(LinuxMemorySourceTest, EstimateOutsideTheMemoryIsNoLevel) {
+    tree.write("proc/meminfo", "MemTotal: 1000 kB\nMemFree: 1 kB\nMemAvailable: 1011 kB\n");
+    counters();
+    EXPECT_EQ(source().availableLevel(), std::nullopt);
+    tree.write("proc/meminfo", "MemTotal: 0 kB\nMemFree: 0 kB\nMemAvailable: 0 kB\n");
+    counters();
+    EXPECT_EQ(source().availableLevel(), std::nullopt);
+}
+
+TEST_F(LinuxMemorySourceTest, SwapIsWhatIsNotFreeOfItAndNothingWithoutBothLines) {
+    const std::string memory = "MemTotal: 1000 kB\nMemFree: 1 kB\n";
+    tree.write("proc/meminfo", memory + "SwapTotal: 10 kB\nSwapFree: 12 kB\n");
+    counters();
+    EXPECT_EQ(source().swap(), (SwapUsage{.total = 10 * 1024, .used = 0}));
+    for (const char* line : {"SwapTotal: 10 kB\n", "SwapFree: 10 kB\n"}) {
+        tree.write("proc/meminfo", memory + line);
+        counters();
+        EXPECT_EQ(source().swap(), std::nullopt) << line;
+    }
+}
+
 TEST_F(LinuxMemorySourceTest, KernelWithoutAnEstimateHasNoLevel) {
     tree.show("bare");
     counters();

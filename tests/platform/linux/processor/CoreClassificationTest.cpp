@@ -62,6 +62,12 @@ TEST_F(CoreClassificationTest, AtomUnitAloneIsOneLevel) {
     EXPECT_EQ(classify(), oneLevel);
 }
 
+TEST_F(CoreClassificationTest, CoreUnitAloneIsOneLevel) {
+    writeCores(4);
+    tree.write("sys/devices/cpu_core/cpus", "0-3\n");
+    EXPECT_EQ(classify(), oneLevel);
+}
+
 TEST_F(CoreClassificationTest, OfflineCoresAreLeftOut) {
     writeCores(6);
     tree.write("sys/devices/cpu_core/cpus", "0-3\n");

@@ -73,6 +73,20 @@ TEST_F(LinuxProcessorTicksSourceTest, FallByMoreThanHundredTicksAddsNothingForTh
     EXPECT_EQ(growth(first, second, 1), (CoreTicks{.user = 60, .system = 10, .idle = 130, .nice = 0}));
 }
 
+TEST_F(LinuxProcessorTicksSourceTest, FallOfAnyCounterByMoreThanHundredTicksIsANewStart) {
+    for (const char* fallen : {"cpu0 4899 5100 5100 5100\n", "cpu0 5100 4899 5100 5100\n",
+                               "cpu0 5100 5100 4899 5100\n", "cpu0 5100 5100 5100 4899\n"}) {
+        LinuxProcessorTicksSource own(std::make_shared<StatFile>(tree.root()), {});
+        Cores before;
+        Cores after;
+        tree.write("proc/stat", "cpu0 5000 5000 5000 5000\nintr 0\n");
+        ASSERT_TRUE(own.read(before));
+        tree.write("proc/stat", std::string(fallen) + "intr 0\n");
+        ASSERT_TRUE(own.read(after));
+        EXPECT_EQ(after, before) << fallen;
+    }
+}
+
 TEST_F(LinuxProcessorTicksSourceTest, CoreCountsOnAfterItsCountersStartedAnew) {
     read("cpu0 100 0 50 400000\n");
     const auto second = read("cpu0 160 0 60 50000\n");
