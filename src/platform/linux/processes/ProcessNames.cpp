@@ -91,7 +91,9 @@ bool isInterpreter(std::string_view executable) {
 }
 
 std::string_view ofProgram(std::string_view executable) {
-    return isInterpreter(executable) ? std::string_view() : lastComponent(executable);
+    // Some programs start themselves from memory, under a name that nobody knows them by.
+    const bool isFile = !executable.starts_with("/memfd:");
+    return isFile && !isInterpreter(executable) ? lastComponent(executable) : std::string_view();
 }
 
 }  // namespace velmora::ProcessNames

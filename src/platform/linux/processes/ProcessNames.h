@@ -24,8 +24,8 @@ bool mayBeCut(std::string_view comm);
 /// What runs other people's programs: the name of the executable says nothing about them.
 bool isInterpreter(std::string_view executable);
 
-/// The name that all processes of one program share: the file name of the executable, unless that is unknown
-/// or an interpreter, in which case it is empty.
+/// The name that all processes of one program share: the file name of the executable, unless that is unknown,
+/// no file or an interpreter, in which case it is empty.
 std::string_view ofProgram(std::string_view executable);
 
 }  // namespace velmora::ProcessNames

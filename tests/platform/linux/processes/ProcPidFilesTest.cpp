@@ -141,6 +141,7 @@ TEST(ProcessNamesTest, NameOfAProgramIsThatOfItsExecutableUnlessThatIsAnInterpre
                              "/bin/sh", "/usr/bin/bash", "/usr/lib/electron25/electron", ""})
         EXPECT_EQ(ProcessNames::ofProgram(path), "") << path;
     EXPECT_EQ(ProcessNames::ofProgram("/usr/bin/pythonista"), "pythonista");
+    EXPECT_EQ(ProcessNames::ofProgram("/memfd:sealed-91"), "") << "started from memory: no file names it";
 }
 
 TEST(ProcessNamesTest, ShownNamesAreTextWithoutControlCharacters) {
