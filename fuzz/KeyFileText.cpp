@@ -1,4 +1,4 @@
-#include "platform/qt/KeyFileText.h"
+#include "platform/qt/desktop/KeyFileText.h"
 
 #include <cstddef>
 #include <cstdint>

@@ -1,4 +1,4 @@
-#include "platform/qt/PowerDeviceProperties.h"
+#include "platform/qt/services/PowerDeviceProperties.h"
 
 #include <QString>
 #include <QStringList>

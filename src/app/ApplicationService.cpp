@@ -2,7 +2,7 @@
 
 #include "app/ApplicationAdaptor.h"
 #include "app/PanelAdaptor.h"
-#include "platform/qt/SessionBus.h"
+#include "platform/qt/session/SessionBus.h"
 
 #include <QDBusConnection>
 #include <QDBusConnectionInterface>

@@ -19,15 +19,15 @@
 #include "platform/linux/store/SqliteDefaults.h"
 #include "platform/null/NullImproveEvents.h"
 #include "platform/null/NullNetworkSources.h"
-#include "platform/qt/ApplicationStarter.h"
-#include "platform/qt/QtFrameworkLanguage.h"
-#include "platform/qt/QtPowerDeviceService.h"
-#include "platform/qt/QtPowerProfileService.h"
-#include "platform/qt/QtPreferredLanguages.h"
 #include "platform/qt/QtRunLoop.h"
-#include "platform/qt/QtUpstreamNameServers.h"
 #include "platform/qt/SwitchingStatusBar.h"
-#include "platform/qt/X11WindowBlur.h"
+#include "platform/qt/desktop/ApplicationStarter.h"
+#include "platform/qt/language/QtFrameworkLanguage.h"
+#include "platform/qt/language/QtPreferredLanguages.h"
+#include "platform/qt/services/QtPowerDeviceService.h"
+#include "platform/qt/services/QtPowerProfileService.h"
+#include "platform/qt/services/QtUpstreamNameServers.h"
+#include "platform/qt/x11/X11WindowBlur.h"
 
 #include <cstdlib>
 

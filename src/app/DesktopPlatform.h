@@ -3,7 +3,7 @@
 #include "app/InterfaceScheme.h"
 #include "base/Subscription.h"
 #include "platform/Platform.h"
-#include "platform/qt/IconThemeName.h"
+#include "platform/qt/desktop/IconThemeName.h"
 
 #include <memory>
 

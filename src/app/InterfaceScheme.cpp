@@ -1,6 +1,6 @@
 #include "app/InterfaceScheme.h"
 
-#include "platform/qt/DesktopColors.h"
+#include "platform/qt/desktop/DesktopColors.h"
 
 namespace velmora {
 namespace {

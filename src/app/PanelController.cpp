@@ -2,11 +2,11 @@
 
 #include "panels/MenuView.h"
 #include "platform/RunLoop.h"
-#include "platform/qt/Compositing.h"
-#include "platform/qt/OutsideClickShield.h"
-#include "platform/qt/PopupGrab.h"
-#include "platform/qt/ScreenPlace.h"
-#include "platform/qt/StripCell.h"
+#include "platform/qt/strip/StripCell.h"
+#include "platform/qt/window/Compositing.h"
+#include "platform/qt/window/OutsideClickShield.h"
+#include "platform/qt/window/PopupGrab.h"
+#include "platform/qt/window/ScreenPlace.h"
 
 #include <QApplication>
 #include <QMouseEvent>

@@ -6,7 +6,7 @@
 #include "look/Scheme.h"
 #include "menubar/PanelHost.h"
 #include "panels/PanelWindow.h"
-#include "platform/qt/Session.h"
+#include "platform/qt/session/Session.h"
 
 #include <functional>
 #include <memory>

@@ -1,8 +1,8 @@
 #include "app/SettingsComposition.h"
 
 #include "platform/Platform.h"
-#include "settings/AboutTab.h"
-#include "settings/GeneralTab.h"
+#include "settings/pages/AboutTab.h"
+#include "settings/pages/GeneralTab.h"
 
 namespace velmora {
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "settings/SettingsCollaborators.h"
+#include "settings/window/SettingsCollaborators.h"
 
 namespace velmora {
 

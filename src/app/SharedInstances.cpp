@@ -11,7 +11,7 @@
 #include "l10n/L10n.h"
 #include "samplers/LiveTools.h"
 #include "samplers/SamplerSet.h"
-#include "settings/SettingsWindowController.h"
+#include "settings/window/SettingsWindowController.h"
 
 namespace velmora {
 

@@ -2,7 +2,7 @@
 
 #include "l10n/AppLanguage.h"
 #include "platform/Defaults.h"
-#include "platform/qt/LanguageEnvironment.h"
+#include "platform/qt/language/LanguageEnvironment.h"
 
 #include <optional>
 #include <string_view>

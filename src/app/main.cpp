@@ -19,11 +19,11 @@
 #include "panels/PanelAccessibility.h"
 #include "panels/PanelFactory.h"
 #include "panels/kit/ProcessIcons.h"
-#include "platform/qt/LanguageEnvironment.h"
-#include "platform/qt/TrayAnchor.h"
+#include "platform/qt/language/LanguageEnvironment.h"
+#include "platform/qt/tray/TrayAnchor.h"
 #include "samplers/LiveTools.h"
 #include "samplers/NetTopSampler.h"
-#include "settings/SettingsWindowController.h"
+#include "settings/window/SettingsWindowController.h"
 
 #include <QApplication>
 

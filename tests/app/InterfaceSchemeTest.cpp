@@ -2,7 +2,7 @@
 
 #include "fakes/FakeClock.h"
 #include "fakes/FakeRunLoop.h"
-#include "platform/qt/DesktopColors.h"
+#include "platform/qt/desktop/DesktopColors.h"
 
 #include <gtest/gtest.h>
 

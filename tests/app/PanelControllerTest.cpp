@@ -5,9 +5,9 @@
 #include "fakes/FakeRunLoop.h"
 #include "panels/kit/ProcessIcons.h"
 #include "platform/ProcessIconSource.h"
-#include "platform/qt/OutsideClickShield.h"
-#include "platform/qt/StripCell.h"
-#include "platform/qt/StripStatusBar.h"
+#include "platform/qt/strip/StripCell.h"
+#include "platform/qt/strip/StripStatusBar.h"
+#include "platform/qt/window/OutsideClickShield.h"
 
 #include <gtest/gtest.h>
 

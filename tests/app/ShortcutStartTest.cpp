@@ -1,6 +1,6 @@
 #include "platform/linux/desktop/LinuxShortcutTargets.h"
 #include "platform/linux/files/TemporaryFolder.h"
-#include "platform/qt/ApplicationStarter.h"
+#include "platform/qt/desktop/ApplicationStarter.h"
 
 #include <gtest/gtest.h>
 

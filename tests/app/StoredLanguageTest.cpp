@@ -1,7 +1,7 @@
 #include "app/StoredLanguage.h"
 
 #include "fakes/FakeDefaults.h"
-#include "platform/qt/LanguageEnvironment.h"
+#include "platform/qt/language/LanguageEnvironment.h"
 
 #include <gtest/gtest.h>
 

@@ -12,7 +12,7 @@
 #include "fakes/FakeWindowBlur.h"
 #include "l10n/L10n.h"
 #include "menubar/SampleSnapshots.h"
-#include "settings/SettingsCollaborators.h"
+#include "settings/window/SettingsCollaborators.h"
 
 #include <QCoreApplication>
 #include <QEvent>

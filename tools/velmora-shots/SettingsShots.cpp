@@ -8,10 +8,10 @@
 #include "platform/linux/loop/SystemClock.h"
 #include "platform/linux/store/JsonBundle.h"
 #include "platform/null/NullPlatform.h"
-#include "settings/DetailPane.h"
-#include "settings/SettingsFrames.h"
-#include "settings/SettingsView.h"
 #include "settings/controls/SettingsScheme.h"
+#include "settings/window/DetailPane.h"
+#include "settings/window/SettingsFrames.h"
+#include "settings/window/SettingsView.h"
 
 #include <QCoreApplication>
 #include <QScrollBar>

@@ -1,7 +1,9 @@
 #include "platform/qt/QtRunLoop.h"
 
 #include <QAbstractEventDispatcher>
+#include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QEvent>
 #include <QMetaObject>
 #include <QPointer>
 #include <QSocketNotifier>
@@ -109,8 +111,28 @@ QSocketNotifier::Type typeOf(RunLoop::Readiness readiness) {
 
 }  // namespace
 
+void QtRunLoop::PostedTasks::add(std::function<void()> task) {
+    {
+        const std::lock_guard lock(m_mutex);
+        m_tasks.push_back(std::move(task));
+    }
+    QCoreApplication::postEvent(this, new QEvent(QEvent::User));
+}
+
+bool QtRunLoop::PostedTasks::event(QEvent* event) {
+    if (event->type() != QEvent::User) return QObject::event(event);
+    std::function<void()> task;
+    {
+        const std::lock_guard lock(m_mutex);
+        task = std::move(m_tasks.front());
+        m_tasks.pop_front();
+    }
+    task();
+    return true;
+}
+
 void QtRunLoop::post(std::function<void()> task) {
-    QMetaObject::invokeMethod(&m_context, std::move(task), Qt::QueuedConnection);
+    m_posted.add(std::move(task));
 }
 
 Subscription QtRunLoop::after(double seconds, std::function<void()> task) {

@@ -1,7 +1,7 @@
 #include "platform/qt/SwitchingStatusBar.h"
 
-#include "platform/qt/NotifierStatusBar.h"
-#include "platform/qt/StripStatusBar.h"
+#include "platform/qt/strip/StripStatusBar.h"
+#include "platform/qt/tray/NotifierStatusBar.h"
 
 #include <QGuiApplication>
 #include <QScreen>

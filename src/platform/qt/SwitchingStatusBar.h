@@ -3,11 +3,11 @@
 #include "base/Subscription.h"
 #include "platform/RunLoop.h"
 #include "platform/StatusBar.h"
-#include "platform/qt/DesktopColors.h"
-#include "platform/qt/NotifierWatcher.h"
-#include "platform/qt/Session.h"
-#include "platform/qt/SessionBus.h"
-#include "platform/qt/StatusBarChoice.h"
+#include "platform/qt/bar/StatusBarChoice.h"
+#include "platform/qt/desktop/DesktopColors.h"
+#include "platform/qt/session/Session.h"
+#include "platform/qt/session/SessionBus.h"
+#include "platform/qt/tray/NotifierWatcher.h"
 
 #include <map>
 #include <memory>

@@ -15,6 +15,7 @@
 
 #include <functional>
 #include <memory>
+#include <mutex>
 #include <optional>
 #include <thread>
 #include <vector>
@@ -49,6 +50,32 @@ TEST(QtRunLoopPost, TasksRunLaterInTheOrderOfPosting) {
     EXPECT_TRUE(order.empty());
     ASSERT_TRUE(waitUntil([&] { return order.size() == 3; }));
     EXPECT_EQ(order, (std::vector<int>{1, 2, 3}));
+}
+
+TEST(QtRunLoopPost, WhatAPostedTaskHoldsGoesOnTheLoopsThread) {
+    constexpr int kTasks = 5000;
+    QtRunLoop loop;
+    int ended = 0;
+    int endedElsewhere = 0;
+    const std::thread::id own = std::this_thread::get_id();
+    std::mutex mutex;
+    std::thread poster([&] {
+        for (int posted = 0; posted < kTasks; ++posted) {
+            // Nobody but the task holds it, from the posting on.
+            loop.post([held = std::shared_ptr<int>(new int(), [&](const int* pointer) {
+                           const std::lock_guard lock(mutex);
+                           ++ended;
+                           if (std::this_thread::get_id() != own) ++endedElsewhere;
+                           delete pointer;
+                       })] {});
+        }
+    });
+    EXPECT_TRUE(waitUntil([&] {
+        const std::lock_guard lock(mutex);
+        return ended == kTasks;
+    }));
+    poster.join();
+    EXPECT_EQ(endedElsewhere, 0);
 }
 
 TEST(QtRunLoopPost, TaskThatPostsIsNotReenteredAtOnce) {

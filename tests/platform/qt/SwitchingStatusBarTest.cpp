@@ -1,13 +1,13 @@
 #include "platform/qt/SwitchingStatusBar.h"
 
-#include "FakeDesktopServices.h"
-#include "FakeTrayHost.h"
-#include "PrivateBus.h"
 #include "fakes/FakeClock.h"
 #include "fakes/FakeRunLoop.h"
-#include "platform/qt/NotifierStatusBar.h"
-#include "platform/qt/StripCell.h"
-#include "platform/qt/StripStatusBar.h"
+#include "platform/qt/services/FakeDesktopServices.h"
+#include "platform/qt/session/PrivateBus.h"
+#include "platform/qt/strip/StripCell.h"
+#include "platform/qt/strip/StripStatusBar.h"
+#include "platform/qt/tray/FakeTrayHost.h"
+#include "platform/qt/tray/NotifierStatusBar.h"
 
 #include <gtest/gtest.h>
 

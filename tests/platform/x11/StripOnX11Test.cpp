@@ -1,10 +1,10 @@
 #include "fakes/FakeClock.h"
 #include "fakes/FakeRunLoop.h"
-#include "platform/qt/DockProperties.h"
-#include "platform/qt/Session.h"
-#include "platform/qt/StripCell.h"
-#include "platform/qt/StripStatusBar.h"
 #include "platform/qt/SwitchingStatusBar.h"
+#include "platform/qt/session/Session.h"
+#include "platform/qt/strip/StripCell.h"
+#include "platform/qt/strip/StripStatusBar.h"
+#include "platform/qt/x11/DockProperties.h"
 
 #include <gtest/gtest.h>
 

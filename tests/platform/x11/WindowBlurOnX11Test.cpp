@@ -1,4 +1,4 @@
-#include "platform/qt/X11WindowBlur.h"
+#include "platform/qt/x11/X11WindowBlur.h"
 
 #include <gtest/gtest.h>
 

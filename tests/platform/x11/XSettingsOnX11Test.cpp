@@ -1,4 +1,4 @@
-#include "platform/qt/XSettings.h"
+#include "platform/qt/x11/XSettings.h"
 
 #include <gtest/gtest.h>
 

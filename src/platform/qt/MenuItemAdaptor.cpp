@@ -1,9 +1,0 @@
-#include "platform/qt/MenuItemAdaptor.h"
-
-namespace velmora {
-
-QDBusObjectPath MenuItemAdaptor::menu() const {
-    return QDBusObjectPath(QStringLiteral("/MenuBar"));
-}
-
-}  // namespace velmora
