@@ -46,7 +46,8 @@ Level2Sidebar::Level2Sidebar(SettingsRouter& router, const AppSettings& settings
     auto* const header = new QHBoxLayout;
     header->setContentsMargins(kSides, kHeaderTop, kSides, kHeaderBottom);
     header->addWidget(m_title, 1);
-    header->addWidget(m_count);
+    // Both stand on one line, whatever the language's letters need above it.
+    header->addWidget(m_count, 0, Qt::AlignBottom);
     auto* const hintLine = new QVBoxLayout;
     hintLine->setContentsMargins(kSides, kHintAboveAndBelow, kSides, kHintAboveAndBelow);
     hintLine->addWidget(m_hint);
