@@ -136,8 +136,7 @@ TEST_F(PanelTest, FiguresGoOnWhileThePanelIsOpen) {
 }
 
 TEST_F(PanelTest, TheBusiestProcessesArrive) {
-    QProcess load;
-    load.start("sh", {"-c", "while :; do :; done"});
+    session.start("sh", {"-c", "while :; do :; done"});
     const RunningProgram program(session, {}, accessibilityOn());
     waitForItems();
     click(cell("CPU").center());
@@ -146,8 +145,6 @@ TEST_F(PanelTest, TheBusiestProcessesArrive) {
         const auto process = tree.named(panel().value(), "sh");
         return process && tree.description(*process).endsWith('%');
     }));
-    load.kill();
-    load.waitForFinished();
 }
 
 TEST_F(PanelTest, ThePointerOverTheGraphShowsTheChip) {

@@ -6,7 +6,10 @@
 #include <QEventLoop>
 #include <QTimer>
 
+#include <csignal>
 #include <stdexcept>
+
+#include <sys/prctl.h>
 
 namespace velmora {
 
@@ -70,6 +73,7 @@ QProcess& PrivateSession::start(const QString& program, const QStringList& argum
     auto process = std::make_unique<QProcess>();
     process->setProcessEnvironment(m_environment);
     process->setStandardErrorFile(QProcess::nullDevice());
+    bindToTheTest(*process);
     process->start(program, arguments);
     if (!process->waitForStarted()) throw std::runtime_error(program.toStdString() + " cannot be started");
     m_processes.push_back(std::move(process));
@@ -82,6 +86,10 @@ QByteArray PrivateSession::output(const QString& tool, const QStringList& argume
     process.start(tool, arguments);
     if (!process.waitForFinished(15000) || process.exitCode() != 0) return {};
     return process.readAllStandardOutput();
+}
+
+void bindToTheTest(QProcess& process) {
+    process.setChildProcessModifier([] { ::prctl(PR_SET_PDEATHSIG, SIGTERM); });
 }
 
 bool waitUntil(const std::function<bool()>& condition, int limitMs) {

@@ -45,6 +45,9 @@ private:
     std::vector<std::unique_ptr<QProcess>> m_processes;
 };
 
+/// Makes a process that is to be started end with this one, also when this one is killed.
+void bindToTheTest(QProcess& process);
+
 /// Lets events happen until the condition holds; false once the time is over.
 bool waitUntil(const std::function<bool()>& condition, int limitMs = 15000);
 

@@ -37,6 +37,7 @@ RunningProgram::RunningProgram(PrivateSession& session, const QStringList& argum
     QProcessEnvironment environment = session.environment();
     environment.insert(extra);
     m_process.setProcessEnvironment(environment);
+    bindToTheTest(m_process);
     m_process.start(executable(session), arguments);
     m_process.waitForStarted();
 }
