@@ -3,6 +3,7 @@
 #include "base/FormatText.h"
 #include "l10n/L10n.h"
 #include "platform/Bundle.h"
+#include "settings/pages/AboutTab.h"
 
 #include <QMessageBox>
 #include <QPointer>
@@ -23,8 +24,7 @@ void showAboutPanel(const L10n& l10n, const Bundle& bundle) {
         panel->setAttribute(Qt::WA_DeleteOnClose);
         panel->setWindowTitle(text(l10n.string("menu.about")));
         panel->setText("Velmora");
-        const std::string version = formatText(
-            l10n.string("about.version"), {bundle.information("CFBundleShortVersionString").value_or("—")});
+        const std::string version = formatText(l10n.string("about.version"), {AboutTab::versionText(bundle)});
         panel->setInformativeText(text(version) + "\n" + text(l10n.string("about.copyright")));
         panel->setStandardButtons(QMessageBox::Close);
     }
