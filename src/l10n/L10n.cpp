@@ -13,16 +13,6 @@ constexpr std::string_view kChoiceKey = "languageCode";
 // The language that the platform's own texts start in at the next launch.
 constexpr std::string_view kPlatformLanguagesKey = "AppleLanguages";
 
-/// The key's text in one language; nothing if its table lacks the key.
-std::optional<std::string_view> textIn(AppLanguage language, std::string_view key) {
-    const LocalizationTables::Tables& tables = LocalizationTables::tables();
-    const auto table = tables.find(language);
-    if (table == tables.end()) return std::nullopt;
-    const auto row = table->second.get().find(key);
-    if (row == table->second.get().end()) return std::nullopt;
-    return row->second;
-}
-
 }  // namespace
 
 L10n::L10n(Defaults& defaults, const PreferredLanguages& preferredLanguages, FrameworkLanguage& framework)
@@ -52,9 +42,7 @@ void L10n::syncSystemOverride(const std::optional<std::string>& code) {
 }
 
 std::string_view L10n::string(std::string_view key) const {
-    if (const auto text = textIn(m_language.get(), key)) return *text;
-    if (const auto text = textIn(AppLanguage::en, key)) return *text;
-    return key;
+    return LocalizationTables::text(LocalizationTables::tables(), m_language.get(), key).value_or(key);
 }
 
 const ByteStyle& L10n::byteStyle() const {

@@ -1,5 +1,6 @@
 #include "l10n/LocalizationTables.h"
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 
@@ -13,27 +14,13 @@ namespace {
     std::abort();
 }
 
-Tables makeTables() {
-    Tables tables;
-    tables.reserve(kLanguageCount);
-    const auto add = [&tables](AppLanguage language, const Table& table) {
-        if (!tables.emplace(language, table).second) stopForDuplicate(rawValue(language));
-    };
-    add(AppLanguage::en, en());
-    add(AppLanguage::ja, ja());
-    add(AppLanguage::ko, ko());
-    add(AppLanguage::zhHans, zhHans());
-    add(AppLanguage::zhHant, zhHant());
-    add(AppLanguage::de, de());
-    add(AppLanguage::fr, fr());
-    add(AppLanguage::es, es());
-    add(AppLanguage::ptBR, ptBR());
-    add(AppLanguage::ru, ru());
-    add(AppLanguage::it, it());
-    add(AppLanguage::nl, nl());
-    add(AppLanguage::pl, pl());
-    add(AppLanguage::tr, tr());
-    return tables;
+/// The text under a key in one language; nothing if its table lacks the key.
+std::optional<std::string_view> textIn(const Tables& tables, AppLanguage language, std::string_view key) {
+    const auto table = tables.find(language);
+    if (table == tables.end()) return std::nullopt;
+    const auto row = table->second.get().find(key);
+    if (row == table->second.get().end()) return std::nullopt;
+    return row->second;
 }
 
 }  // namespace
@@ -45,6 +32,15 @@ Table makeTable(std::span<const LocalizationEntry> entries) {
         if (!table.emplace(entry.key, entry.text).second) stopForDuplicate(entry.key);
     }
     return table;
+}
+
+Tables makeTables(std::span<const LanguageTable> languages) {
+    Tables tables;
+    tables.reserve(languages.size());
+    for (const auto& [language, table] : languages) {
+        if (!tables.emplace(language, table).second) stopForDuplicate(rawValue(language));
+    }
+    return tables;
 }
 
 std::span<const LocalizationEntry> entries(AppLanguage language) {
@@ -154,8 +150,28 @@ const Table& tr() {
 }
 
 const Tables& tables() {
-    static const Tables all = makeTables();
+    static const Tables all = makeTables(std::array{
+        LanguageTable{AppLanguage::en, en()},
+        LanguageTable{AppLanguage::ja, ja()},
+        LanguageTable{AppLanguage::ko, ko()},
+        LanguageTable{AppLanguage::zhHans, zhHans()},
+        LanguageTable{AppLanguage::zhHant, zhHant()},
+        LanguageTable{AppLanguage::de, de()},
+        LanguageTable{AppLanguage::fr, fr()},
+        LanguageTable{AppLanguage::es, es()},
+        LanguageTable{AppLanguage::ptBR, ptBR()},
+        LanguageTable{AppLanguage::ru, ru()},
+        LanguageTable{AppLanguage::it, it()},
+        LanguageTable{AppLanguage::nl, nl()},
+        LanguageTable{AppLanguage::pl, pl()},
+        LanguageTable{AppLanguage::tr, tr()},
+    });
     return all;
+}
+
+std::optional<std::string_view> text(const Tables& tables, AppLanguage language, std::string_view key) {
+    if (const auto own = textIn(tables, language, key)) return own;
+    return textIn(tables, AppLanguage::en, key);
 }
 
 }  // namespace velmora::LocalizationTables

@@ -4,6 +4,7 @@
 #include "l10n/LocalizationEntries.h"
 
 #include <functional>
+#include <optional>
 #include <span>
 #include <string_view>
 #include <unordered_map>
@@ -33,9 +34,19 @@ const Table& tr();
 /// All fourteen.
 const Tables& tables();
 
+/// The text under a key in a language's table, else in the English one; nothing if neither holds it.
+std::optional<std::string_view> text(const Tables& tables, AppLanguage language, std::string_view key);
+
 /// A map of the list's rows. A key that stands there twice ends the process: the data is compiled in, so it
 /// can only be a mistake of ours.
 Table makeTable(std::span<const LocalizationEntry> entries);
+/// One table of a language, for `makeTables`.
+struct LanguageTable {
+    AppLanguage language;
+    const Table& table;
+};
+/// A map of the tables. A language that stands there twice ends the process in the same way.
+Tables makeTables(std::span<const LanguageTable> languages);
 /// The rows of a language in their written order.
 std::span<const LocalizationEntry> entries(AppLanguage language);
 

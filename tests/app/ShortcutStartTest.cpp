@@ -14,7 +14,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <optional>
-#include <ranges>
 #include <string>
 #include <utility>
 #include <vector>
@@ -35,8 +34,10 @@ protected:
     }
     void TearDown() override {
         // What was set twice is given back its first value last.
-        for (const auto& [name, value] : m_saved | std::views::reverse)
+        for (; !m_saved.empty(); m_saved.pop_back()) {
+            const auto& [name, value] = m_saved.back();
             value ? ::setenv(name.c_str(), value->c_str(), 1) : ::unsetenv(name.c_str());
+        }
     }
     void set(const char* name, const std::string& value) {
         const char* former = std::getenv(name);

@@ -61,6 +61,13 @@ TEST_F(StoredLanguageTest, TextThatIsNoneOfOurLanguagesLeavesTheEnvironment) {
     EXPECT_EQ(qgetenv("LANGUAGE"), "sv:de");
 }
 
+TEST_F(StoredLanguageTest, EmptyTextIsCopiedAndLeavesTheEnvironment) {
+    defaults.stored["languageCode"] = "";
+    apply();
+    EXPECT_EQ(defaults.textArray("AppleLanguages"), std::vector<std::string>{""});
+    EXPECT_EQ(qgetenv("LANGUAGE"), "sv:de");
+}
+
 TEST_F(StoredLanguageTest, TheChoiceItselfStaysAsItIs) {
     defaults.stored["languageCode"] = "de";
     apply();

@@ -16,7 +16,6 @@ namespace {
 
 constexpr int kSecondMs = 1000;
 const QColor kAccent(10, 132, 255);
-const QColor kOrange(0xFF, 0x95, 0x00);
 const QColor kRed(0xFF, 0x3B, 0x30);
 /// The columns of the window on the modules.
 const QRect kPage(418, 0, 522, 560);

@@ -61,6 +61,11 @@ TEST(SystemDefaultLanguage, OtherChineseIsSimplified) {
     EXPECT_EQ(systemDefaultLanguage({"zh"}), AppLanguage::zhHans);
 }
 
+TEST(SystemDefaultLanguage, TraditionalMarkAnywhereInAChineseTagOutweighsTheScript) {
+    EXPECT_EQ(systemDefaultLanguage({"zh-Hans-HK"}), AppLanguage::zhHant);
+    EXPECT_EQ(systemDefaultLanguage({"zh-Hans-MO"}), AppLanguage::zhHant);
+}
+
 TEST(SystemDefaultLanguage, UpperCaseTagIsReadAsLowerCase) {
     EXPECT_EQ(systemDefaultLanguage({"ZH-HK"}), AppLanguage::zhHant);
     EXPECT_EQ(systemDefaultLanguage({"DE"}), AppLanguage::de);

@@ -117,6 +117,49 @@ TEST_F(L10nTest, ApplyingDoesNotStoreTheChoice) {
     EXPECT_FALSE(defaults.contains("languageCode"));
 }
 
+// What arrives from another machine is only stored, unlike a choice made in the picker, and waits for the
+// next start.
+TEST_F(L10nTest, LanguageThatIsOnlyStoredTakesEffectAtTheNextStart) {
+    l10n.bootstrap();
+    int timesTold = 0;
+    const auto subscription = l10n.language().subscribe([&](AppLanguage) { ++timesTold; });
+    store("de");
+    defaults.changedOutside.fire();
+    EXPECT_EQ(l10n.language().get(), AppLanguage::fr);
+    EXPECT_EQ(l10n.string("menu.quit"), LocalizationTables::fr().at("menu.quit"));
+    EXPECT_EQ(timesTold, 1);  // At the subscription.
+    EXPECT_EQ(framework.calls, (Calls{std::nullopt}));
+    EXPECT_FALSE(defaults.contains("AppleLanguages"));
+
+    L10n nextStart(defaults, preferred, framework);
+    nextStart.bootstrap();
+    EXPECT_EQ(nextStart.language().get(), AppLanguage::de);
+    EXPECT_EQ(defaults.textArray("AppleLanguages"), std::vector<std::string>{"de"});
+    EXPECT_EQ(framework.calls, (Calls{std::nullopt, "de"}));
+}
+
+TEST_F(L10nTest, StoredLanguageThatIsOnlyRemovedStaysUntilTheNextStart) {
+    store("de");
+    l10n.bootstrap();
+    defaults.remove("languageCode");
+    defaults.changedOutside.fire();
+    EXPECT_EQ(l10n.language().get(), AppLanguage::de);
+    EXPECT_EQ(defaults.textArray("AppleLanguages"), std::vector<std::string>{"de"});
+
+    L10n nextStart(defaults, preferred, framework);
+    nextStart.bootstrap();
+    EXPECT_EQ(nextStart.language().get(), AppLanguage::fr);
+    EXPECT_FALSE(defaults.contains("AppleLanguages"));
+}
+
+TEST_F(L10nTest, UnknownTagAfterAKnownOneFollowsTheSystem) {
+    l10n.apply("de");
+    l10n.apply("xx");
+    EXPECT_EQ(l10n.language().get(), AppLanguage::fr);
+    EXPECT_FALSE(defaults.contains("AppleLanguages"));
+    EXPECT_EQ(framework.calls, (Calls{"de", std::nullopt}));
+}
+
 TEST_F(L10nTest, TagIsMatchedExactly) {
     l10n.apply("DE");
     EXPECT_EQ(l10n.language().get(), AppLanguage::fr);

@@ -8,6 +8,7 @@
 
 #include <array>
 #include <functional>
+#include <optional>
 #include <string>
 #include <thread>
 #include <vector>
@@ -73,6 +74,38 @@ TEST(LocalizationTables, KeysThatAreFormedAtRunTimeExist) {
     }
 }
 
+class FallThrough : public ::testing::Test {
+protected:
+    using Table = LocalizationTables::Table;
+
+    Table english{{"menu.quit", "Quit"}, {"menu.about", "About"}};
+    Table german{{"menu.quit", "Beenden"}, {"menu.new", "Neu"}};
+    LocalizationTables::Tables tables{{AppLanguage::en, english}, {AppLanguage::de, german}};
+};
+
+TEST_F(FallThrough, TextOfTheLanguageComesFirst) {
+    EXPECT_EQ(LocalizationTables::text(tables, AppLanguage::de, "menu.quit"), "Beenden");
+    EXPECT_EQ(LocalizationTables::text(tables, AppLanguage::en, "menu.quit"), "Quit");
+}
+
+TEST_F(FallThrough, KeyThatTheLanguageLacksHasTheEnglishText) {
+    EXPECT_EQ(LocalizationTables::text(tables, AppLanguage::de, "menu.about"), "About");
+}
+
+TEST_F(FallThrough, LanguageWithoutATableHasTheEnglishTexts) {
+    EXPECT_EQ(LocalizationTables::text(tables, AppLanguage::fr, "menu.quit"), "Quit");
+}
+
+TEST_F(FallThrough, KeyOfAnotherLanguageAloneHasNoText) {
+    EXPECT_EQ(LocalizationTables::text(tables, AppLanguage::en, "menu.new"), std::nullopt);
+    EXPECT_EQ(LocalizationTables::text(tables, AppLanguage::fr, "menu.new"), std::nullopt);
+}
+
+TEST_F(FallThrough, KeyThatNoTableHoldsHasNoText) {
+    EXPECT_EQ(LocalizationTables::text(tables, AppLanguage::de, "menu"), std::nullopt);
+    EXPECT_EQ(LocalizationTables::text({}, AppLanguage::de, "menu.quit"), std::nullopt);
+}
+
 TEST(LocalizationTables, FirstUseFromManyThreadsBuildsOneMap) {
     std::array<const LocalizationTables::Tables*, 8> seen{};
     std::vector<std::thread> threads;
@@ -86,6 +119,15 @@ TEST(LocalizationTablesDeathTest, KeyThatOccursTwiceStopsTheProcess) {
     const std::array rows = {LocalizationEntry{"mod.cpu", "CPU"}, LocalizationEntry{"mod.disk", "Disk"},
                              LocalizationEntry{"mod.cpu", "Processor"}};
     EXPECT_DEATH(LocalizationTables::makeTable(rows), "duplicate entry in the string tables: mod.cpu");
+}
+
+TEST(LocalizationTablesDeathTest, LanguageThatOccursTwiceStopsTheProcess) {
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    using LocalizationTables::LanguageTable;
+    const std::array languages = {LanguageTable{AppLanguage::de, LocalizationTables::de()},
+                                  LanguageTable{AppLanguage::fr, LocalizationTables::fr()},
+                                  LanguageTable{AppLanguage::de, LocalizationTables::en()}};
+    EXPECT_DEATH(LocalizationTables::makeTables(languages), "duplicate entry in the string tables: de");
 }
 
 }  // namespace

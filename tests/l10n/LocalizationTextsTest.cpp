@@ -19,7 +19,7 @@ std::string_view textOf(AppLanguage language, std::string_view key) {
     return LocalizationTables::tables().at(language).get().at(key);
 }
 
-/// The conversions of a text in their order, "%%" left out; a percent sign that begins none is given alone.
+/// The conversions of a text in their order; a percent sign that begins none of ours is given alone.
 std::vector<std::string> placeholdersOf(std::string_view text) {
     std::vector<std::string> placeholders;
     for (auto at = text.find('%'); at != std::string_view::npos; at = text.find('%', at + 1)) {
@@ -59,7 +59,21 @@ TEST(LocalizationTexts, NoneBeginsOrEndsWithABlank) {
 
 TEST(LocalizationTexts, NoneHasTwoBlanksInARow) {
     forEveryText([](AppLanguage language, const LocalizationEntry& entry) {
-        EXPECT_EQ(entry.text.find("  "), std::string_view::npos) << placeOf(language, entry);
+        for (const char* blanks : {"  ", " \u00A0", "\u00A0 ", "\u00A0\u00A0"}) {
+            EXPECT_EQ(entry.text.find(blanks), std::string_view::npos) << placeOf(language, entry);
+        }
+    });
+}
+
+TEST(LocalizationTexts, NoneHasALineBreakOrAnInvisibleCharacter) {
+    forEveryText([](AppLanguage language, const LocalizationEntry& entry) {
+        for (const char letter : entry.text) {
+            EXPECT_GE(static_cast<unsigned char>(letter), static_cast<unsigned char>(' '))
+                << placeOf(language, entry);
+        }
+        for (const char* invisible : {"\u00AD", "\u200B", "\u200E", "\u200F", "\uFEFF", "\uFFFD"}) {
+            EXPECT_EQ(entry.text.find(invisible), std::string_view::npos) << placeOf(language, entry);
+        }
     });
 }
 
@@ -90,18 +104,56 @@ TEST(LocalizationTexts, NoPlaceholderIsPositional) {
     });
 }
 
-TEST(LocalizationTexts, EllipsisIsOneCharacterAndDashesAreDashes) {
+TEST(LocalizationTexts, EllipsisIsOneCharacter) {
     forEveryText([](AppLanguage language, const LocalizationEntry& entry) {
-        EXPECT_EQ(entry.text.find("..."), std::string_view::npos) << placeOf(language, entry);
-        EXPECT_EQ(entry.text.find(" - "), std::string_view::npos) << placeOf(language, entry);
-        EXPECT_EQ(entry.text.find("--"), std::string_view::npos) << placeOf(language, entry);
+        EXPECT_EQ(entry.text.find(".."), std::string_view::npos) << placeOf(language, entry);
     });
 }
 
-TEST(LocalizationTexts, TextThatOpensSomethingFurtherKeepsItsEllipsis) {
+TEST(LocalizationTexts, EllipsisEndsTheTextsThatOpenSomethingFurtherAndStandsNowhereElse) {
     forEveryText([](AppLanguage language, const LocalizationEntry& entry) {
-        if (!textOf(AppLanguage::en, entry.key).ends_with("…")) return;
-        EXPECT_TRUE(entry.text.ends_with("…")) << placeOf(language, entry);
+        const bool opensFurther = textOf(AppLanguage::en, entry.key).ends_with("…");
+        EXPECT_EQ(entry.text.ends_with("…"), opensFurther) << placeOf(language, entry);
+        const auto first = entry.text.find("…");
+        EXPECT_TRUE(first == std::string_view::npos ||
+                    first + std::string_view("…").size() == entry.text.size())
+            << placeOf(language, entry);
+    });
+}
+
+TEST(LocalizationTexts, HyphenStandsInForNoDash) {
+    forEveryText([](AppLanguage language, const LocalizationEntry& entry) {
+        for (const char* hyphen : {" - ", "\u00A0- ", " -\u00A0", "--", "\u2010", "\u2011", "\u2212"}) {
+            EXPECT_EQ(entry.text.find(hyphen), std::string_view::npos) << placeOf(language, entry);
+        }
+    });
+}
+
+/// English, Portuguese and Russian part their sentences with the long dash, German, Dutch and Polish with the
+/// short one. The others do it by a comma, a colon or a full stop.
+TEST(LocalizationTexts, EachLanguageHasItsOwnDash) {
+    using enum AppLanguage;
+    const std::map<AppLanguage, std::string_view> dashes = {{en, "—"}, {ptBR, "—"}, {ru, "—"},
+                                                            {de, "–"}, {nl, "–"},   {pl, "–"}};
+    forEveryText([&](AppLanguage language, const LocalizationEntry& entry) {
+        const auto own = dashes.find(language);
+        for (const std::string_view dash : {"—", "–"}) {
+            if (own != dashes.end() && own->second == dash) continue;
+            EXPECT_EQ(entry.text.find(dash), std::string_view::npos) << placeOf(language, entry);
+        }
+    });
+}
+
+TEST(LocalizationTexts, DashHasABlankOnBothSides) {
+    forEveryText([](AppLanguage language, const LocalizationEntry& entry) {
+        for (const std::string_view dash : {"—", "–"}) {
+            for (auto at = entry.text.find(dash); at != std::string_view::npos;
+                 at = entry.text.find(dash, at + 1)) {
+                const std::string_view before = entry.text.substr(0, at);
+                EXPECT_TRUE(before.ends_with(" ") || before.ends_with("\u00A0")) << placeOf(language, entry);
+                EXPECT_TRUE(entry.text.substr(at + dash.size()).starts_with(" ")) << placeOf(language, entry);
+            }
+        }
     });
 }
 
@@ -118,7 +170,8 @@ TEST(LocalizationTexts, ProductKeySymbolsAndArrowsAreKept) {
 TEST(LocalizationTexts, EnglishUsesFewCharactersBeyondASCII) {
     for (const LocalizationEntry& entry : LocalizationTables::entries(AppLanguage::en)) {
         std::string rest(entry.text);
-        for (const std::string_view allowed : {"⌘", "›", "…", "—", "’", "©"}) {
+        if (entry.key == "about.copyright") continue;
+        for (const std::string_view allowed : {"⌘", "›", "…", "—"}) {
             for (auto at = rest.find(allowed); at != std::string::npos; at = rest.find(allowed)) {
                 rest.erase(at, allowed.size());
             }

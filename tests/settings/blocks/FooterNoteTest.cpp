@@ -22,7 +22,7 @@ TEST(FooterNoteTest, TextIsInsetFourAtTheSidesAndWraps) {
 }
 
 TEST(FooterNoteTest, TintIsTheLabels) {
-    FooterNote note(QColor(Qt::red));
+    FooterNote note(QColor{Qt::red});
     auto* const label = &descendant<TextLabel>(note);
     EXPECT_EQ(label->style().tint, QColor(Qt::red));
     note.setTint(std::nullopt);

@@ -5,6 +5,7 @@
 #include <QLibraryInfo>
 #include <QStringList>
 
+#include <algorithm>
 #include <utility>
 
 namespace velmora {

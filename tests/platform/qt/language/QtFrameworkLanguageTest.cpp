@@ -30,9 +30,11 @@ protected:
         if (!QFile::exists(folder + "/qtbase_de.qm"))
             GTEST_SKIP() << "the toolkit's translations are not installed";
     }
-    static void copy(const char* name, const TemporaryFolder& folder) {
+    static void copy(const char* name, const TemporaryFolder& folder) { copyAs(name, name, folder); }
+    /// The texts of one language under the file name of another.
+    static void copyAs(const char* name, const char* copyName, const TemporaryFolder& folder) {
         std::filesystem::copy_file((QtFrameworkLanguage::installedFolder() + "/" + name).toStdString(),
-                                   folder.path() / name);
+                                   folder.path() / copyName);
     }
     static QString in(const TemporaryFolder& folder) {
         return QString::fromStdString(folder.path().native());
@@ -108,6 +110,40 @@ TEST_F(QtFrameworkLanguageTest, LanguageWithoutTextsFollowsTheUsersLanguages) {
     QtFrameworkLanguage language({"fr-FR"}, in(folder));
     language.setLanguage("de");
     EXPECT_EQ(cancelButton(), "Annuler");
+}
+
+TEST_F(QtFrameworkLanguageTest, TagWithACountryTriesItselfAndThenItsLanguage) {
+    const TemporaryFolder folder;
+    copyAs("qtbase_fr.qm", "qtbase_pt.qm", folder);
+    QtFrameworkLanguage language({}, in(folder));
+    language.setLanguage("pt-BR");
+    EXPECT_EQ(cancelButton(), "Annuler");
+    copyAs("qtbase_de.qm", "qtbase_pt_BR.qm", folder);
+    language.setLanguage("pt-BR");
+    EXPECT_EQ(cancelButton(), "Abbrechen");
+}
+
+TEST_F(QtFrameworkLanguageTest, ChineseTriesItsScriptThenChineseThenTheCountryOfTheScript) {
+    const TemporaryFolder folder;
+    copyAs("qtbase_fr.qm", "qtbase_zh_CN.qm", folder);
+    copyAs("qtbase_it.qm", "qtbase_zh_TW.qm", folder);
+    QtFrameworkLanguage language({}, in(folder));
+    language.setLanguage("zh-Hans");
+    EXPECT_EQ(cancelButton(), "Annuler");
+    copyAs("qtbase_de.qm", "qtbase_zh.qm", folder);
+    language.setLanguage("zh-Hans");
+    EXPECT_EQ(cancelButton(), "Abbrechen");
+    copyAs("qtbase_es.qm", "qtbase_zh_Hans.qm", folder);
+    language.setLanguage("zh-Hans");
+    EXPECT_EQ(cancelButton(), "Cancelar");
+}
+
+TEST_F(QtFrameworkLanguageTest, EnglishTakesItsFileWhereThereIsOne) {
+    const TemporaryFolder folder;
+    copyAs("qtbase_de.qm", "qtbase_en.qm", folder);
+    QtFrameworkLanguage language({}, in(folder));
+    language.setLanguage("en");
+    EXPECT_EQ(cancelButton(), "Abbrechen");
 }
 
 TEST_F(QtFrameworkLanguageTest, BrokenFileIsLikeNone) {
