@@ -34,7 +34,8 @@ LineExtent lineExtent(const QFont& font);
 /// Draws with these families from now on, for pictures that must be the same on every machine; an empty list
 /// returns to the system's.
 void pin(const QStringList& families);
-/// Grows with every change of the families, so that who keeps fonts or measured texts knows when they are out of date.
+/// Grows with every change of the families, so that who keeps fonts or measured texts knows when they are out
+/// of date.
 unsigned generation();
 
 }  // namespace velmora::SystemFont
