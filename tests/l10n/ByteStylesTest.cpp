@@ -44,8 +44,8 @@ TEST(ByteStyles, EnglishLadder) {
               (Texts{"Zero KB", "1 byte", "2 bytes", "5 bytes", "512 bytes", "1 KB", "1.5 MB", "2.25 GB"}));
 }
 TEST(ByteStyles, JapaneseLadder) {
-    EXPECT_EQ(ladder(ja),
-              (Texts{"ゼロ KB", "1 バイト", "2 バイト", "5 バイト", "512 バイト", "1 KB", "1.5 MB", "2.25 GB"}));
+    EXPECT_EQ(ladder(ja), (Texts{"ゼロ KB", "1 バイト", "2 バイト", "5 バイト", "512 バイト", "1 KB",
+                                 "1.5 MB", "2.25 GB"}));
 }
 TEST(ByteStyles, KoreanLadder) {
     EXPECT_EQ(ladder(ko),
