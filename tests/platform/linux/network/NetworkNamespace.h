@@ -49,7 +49,9 @@ public:
     NetworkNamespace(const NetworkNamespace&) = delete;
     NetworkNamespace& operator=(const NetworkNamespace&) = delete;
 
-    bool isOpen() const { return m_isOpen; }
+    bool isOpen() const {
+        return m_isOpen;
+    }
 
     /// The output of a command; a failure of the command is one of the test.
     static std::string run(const std::string& command) {
@@ -63,9 +65,13 @@ public:
     }
 
     /// Sets a setting of this network.
-    static void write(const std::string& file, const std::string& value) { std::ofstream(file) << value; }
+    static void write(const std::string& file, const std::string& value) {
+        std::ofstream(file) << value;
+    }
     /// Lets everybody have ICMP sockets in this network; a new network grants them to nobody.
-    static void grantEchoSockets() { write("/proc/sys/net/ipv4/ping_group_range", "0 2147483647"); }
+    static void grantEchoSockets() {
+        write("/proc/sys/net/ipv4/ping_group_range", "0 2147483647");
+    }
 
 private:
     int m_network = -1;
