@@ -17,6 +17,10 @@ if(VELMORA_SANITIZE)
     # The address sanitizer catches null pointers too, and no machine that this runs on minds where a number lies.
     # Together these two are a third of the compile time.
     add_compile_options(-fno-sanitize=null,alignment)
+    if(CMAKE_CXX_COMPILER_ID STREQUAL "GNU")
+      # The same checks as calls instead of inline: a tenth less to compile.
+      add_compile_options(--param=asan-instrumentation-with-call-threshold=0)
+    endif()
   endif()
 endif()
 
